@@ -20,7 +20,8 @@ std::int64_t unixTime();
 CalendarTime localTimeNow();
 /// False for a moment that the system's calendar does not hold.
 bool localCalendar(std::int64_t unixTime, CalendarTime& out);
-/// Local calendar time to seconds since 1970; -1 when there is none. `daylightSaving` as in C: 1, 0, or -1 for "by rule".
+/// Local calendar time to seconds since 1970; -1 when there is none. `daylightSaving` as in C: 1, 0, or -1 for "by
+/// rule".
 std::int64_t unixTimeOf(const CalendarTime& local, int daylightSaving);
 void sleepMilliseconds(unsigned milliseconds);
 

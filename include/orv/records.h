@@ -54,7 +54,8 @@ class ORV_API COrvSubStr {
     bool Get(CString& out, bool clearIfNone);
     /// Typed fields: an empty field sets 0 only if `force`, else the target keeps its value. Integers are the leading
     /// digits (0 if there are none), 32 bits wide, saturating. Decimal numbers take "," and "." and are rounded to 10
-    /// decimals; for a float only the first "," counts as a decimal sign. Returns what the reading of the text returned.
+    /// decimals; for a float only the first "," counts as a decimal sign. Returns what the reading of the text
+    /// returned.
     bool Get(int& out, bool force);
     bool Get(unsigned int& out, bool force);
     bool Get(long& out, bool force);

@@ -96,7 +96,8 @@ class ORV_API orvStrUtil {
     static bool isUnicodeFile(const wchar_t* path, bool scrambled);
     /// By its mark; without one as UTF-8 if the whole file is well-formed, else as Windows-1252.
     static bool readStringFromFileAuto(CString& out, const wchar_t* path, bool scrambled);
-    /// By its mark; without one by `codePage`, where 65001 and -1 mean Windows-1252: UTF-8 without a mark is not trusted.
+    /// By its mark; without one by `codePage`, where 65001 and -1 mean Windows-1252: UTF-8 without a mark is not
+    /// trusted.
     static bool readStringBufferFromFile(CString& out, const wchar_t* path, unsigned codePage, bool scrambled);
     /// The same; `out` becomes a new NUL-terminated array that the caller frees with delete[]. On failure it stays.
     static bool readStringBufferFromFile(wchar_t*& out, const wchar_t* path, unsigned codePage, bool scrambled);
@@ -147,14 +148,16 @@ inline constexpr wchar_t kSpaces[] = L" \t\n\v\f\r";
 template <class Traits>
 [[nodiscard]] std::basic_string<wchar_t, Traits> trimLeft(const std::basic_string<wchar_t, Traits>& text) {
     std::size_t first = 0;
-    while (first < text.size() && orv::WideView(kSpaces).find(text[first]) != orv::WideView::npos) ++first;
+    while (first < text.size() && orv::WideView(kSpaces).find(text[first]) != orv::WideView::npos)
+        ++first;
     return text.substr(first);
 }
 
 template <class Traits>
 [[nodiscard]] std::basic_string<wchar_t, Traits> trimRight(const std::basic_string<wchar_t, Traits>& text) {
     std::size_t end = text.size();
-    while (end > 0 && orv::WideView(kSpaces).find(text[end - 1]) != orv::WideView::npos) --end;
+    while (end > 0 && orv::WideView(kSpaces).find(text[end - 1]) != orv::WideView::npos)
+        --end;
     return text.substr(0, end);
 }
 
@@ -166,7 +169,8 @@ template <class Traits>
 /// Every occurrence, going on behind what was inserted; an empty `from` replaces nothing.
 template <class Traits>
 [[nodiscard]] std::basic_string<wchar_t, Traits> replaceAll(
-    const std::basic_string<wchar_t, Traits>& text, const std::type_identity_t<std::basic_string<wchar_t, Traits>>& from,
+    const std::basic_string<wchar_t, Traits>& text,
+    const std::type_identity_t<std::basic_string<wchar_t, Traits>>& from,
     const std::type_identity_t<std::basic_string<wchar_t, Traits>>& to) {
     if (from.empty()) return text;
     std::basic_string<wchar_t, Traits> result;

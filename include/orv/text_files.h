@@ -14,9 +14,9 @@ enum class TextEncoding { kUtf8, kUtf16LittleEndian, kUtf16BigEndian, kWindows12
 struct TextFileInfo {
     TextEncoding encoding = TextEncoding::kUtf8;  // as orvStrUtil::readStringFromFileAuto decides
     bool hasMark = false;
-    std::uint64_t bytes = 0;             // size of the file
-    std::uint64_t characters = 0;        // 16-bit units after decoding
-    std::uint64_t crLfEnds = 0;          // lines that end in CR LF, LF alone, CR alone
+    std::uint64_t bytes = 0;       // size of the file
+    std::uint64_t characters = 0;  // 16-bit units after decoding
+    std::uint64_t crLfEnds = 0;    // lines that end in CR LF, LF alone, CR alone
     std::uint64_t lfEnds = 0;
     std::uint64_t crEnds = 0;
     std::uint64_t undecodable = 0;       // bad parts of UTF-8 or UTF-16, bytes that Windows-1252 does not define

@@ -25,7 +25,8 @@ struct WideTraits : std::char_traits<wchar_t> {
     }
     static constexpr std::size_t length(const wchar_t* text) {
         std::size_t count = 0;
-        while (text[count] != 0) ++count;
+        while (text[count] != 0)
+            ++count;
         return count;
     }
     static constexpr const wchar_t* find(const wchar_t* text, std::size_t count, const wchar_t& wanted) {
@@ -37,9 +38,11 @@ struct WideTraits : std::char_traits<wchar_t> {
     static constexpr wchar_t* move(wchar_t* to, const wchar_t* from, std::size_t count) {
         if (std::is_constant_evaluated()) {
             if (to < from) {
-                for (std::size_t i = 0; i < count; ++i) to[i] = from[i];
+                for (std::size_t i = 0; i < count; ++i)
+                    to[i] = from[i];
             } else {
-                for (std::size_t i = count; i > 0; --i) to[i - 1] = from[i - 1];
+                for (std::size_t i = count; i > 0; --i)
+                    to[i - 1] = from[i - 1];
             }
         } else if (count != 0) {
             std::memmove(to, from, count * sizeof(wchar_t));
@@ -48,14 +51,16 @@ struct WideTraits : std::char_traits<wchar_t> {
     }
     static constexpr wchar_t* copy(wchar_t* to, const wchar_t* from, std::size_t count) {
         if (std::is_constant_evaluated()) {
-            for (std::size_t i = 0; i < count; ++i) to[i] = from[i];
+            for (std::size_t i = 0; i < count; ++i)
+                to[i] = from[i];
         } else if (count != 0) {
             std::memcpy(to, from, count * sizeof(wchar_t));
         }
         return to;
     }
     static constexpr wchar_t* assign(wchar_t* to, std::size_t count, wchar_t value) {
-        for (std::size_t i = 0; i < count; ++i) to[i] = value;
+        for (std::size_t i = 0; i < count; ++i)
+            to[i] = value;
         return to;
     }
     static constexpr void assign(wchar_t& to, const wchar_t& from) noexcept { to = from; }

@@ -47,11 +47,13 @@ class CList {
     POSITION AddHead(ARG_TYPE value) { return insert(nullptr, head_, value); }
     POSITION AddTail(ARG_TYPE value) { return insert(tail_, nullptr, value); }
     void AddHead(CList* other) {
-        for (POSITION at = other->GetTailPosition(); at != nullptr;) AddHead(other->GetPrev(at));
+        for (POSITION at = other->GetTailPosition(); at != nullptr;)
+            AddHead(other->GetPrev(at));
     }
     void AddTail(CList* other) {
         std::intptr_t count = other->GetCount();  // so that a list can be appended to itself
-        for (POSITION at = other->GetHeadPosition(); count > 0; --count) AddTail(other->GetNext(at));
+        for (POSITION at = other->GetHeadPosition(); count > 0; --count)
+            AddTail(other->GetNext(at));
     }
     /// A null position inserts at the head (before) or the tail (after).
     POSITION InsertBefore(POSITION at, ARG_TYPE value) {
@@ -67,8 +69,10 @@ class CList {
     TYPE RemoveTail() { return take(node(tail_)); }
     void RemoveAt(POSITION at) { take(node(at)); }
     void RemoveAll() {
-        for (Node* at = head_; at != nullptr;) std::exchange(at, at->next)->~Node();
-        while (blocks_ != nullptr) ::operator delete(std::exchange(blocks_, blocks_->next));
+        for (Node* at = head_; at != nullptr;)
+            std::exchange(at, at->next)->~Node();
+        while (blocks_ != nullptr)
+            ::operator delete(std::exchange(blocks_, blocks_->next));
         head_ = tail_ = free_ = nullptr;
         count_ = 0;
     }
@@ -83,7 +87,8 @@ class CList {
     POSITION FindIndex(std::intptr_t index) const {
         if (index < 0 || index >= count_) return nullptr;
         Node* at = head_;
-        while (index-- > 0) at = at->next;
+        while (index-- > 0)
+            at = at->next;
         return position(at);
     }
 

@@ -236,6 +236,7 @@ class ORV_API CString {
     wchar_t* writable(int capacity, bool keep);
     void setLength(int length) noexcept;
     void keepRange(int first, int length);
+    int insertCharacters(int index, const wchar_t* text, int length);
     void formatC(const wchar_t* format, ...);
     void appendFormatC(const wchar_t* format, ...);
 
