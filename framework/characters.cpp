@@ -22,29 +22,15 @@ const CharacterKind& kindOf(wchar_t ch) noexcept {
     return kKinds[kKindInBlock[kBlockOfCharacter[code / 64]][code % 64]];
 }
 
-wchar_t plus(wchar_t ch, std::uint16_t step) noexcept {
-    return static_cast<wchar_t>(ch + step);
-}
+wchar_t plus(wchar_t ch, std::uint16_t step) noexcept { return static_cast<wchar_t>(ch + step); }
 
 }  // namespace
 
-bool isSpace(wchar_t ch) noexcept {
-    return (kindOf(ch).flags & kSpace) != 0;
-}
-bool isDigit(wchar_t ch) noexcept {
-    return (kindOf(ch).flags & kDigit) != 0;
-}
-bool isLetter(wchar_t ch) noexcept {
-    return (kindOf(ch).flags & kLetter) != 0;
-}
-wchar_t toLower(wchar_t ch) noexcept {
-    return plus(ch, kindOf(ch).toLower);
-}
-wchar_t toUpper(wchar_t ch) noexcept {
-    return plus(ch, kindOf(ch).toUpper);
-}
-wchar_t foldCase(wchar_t ch) noexcept {
-    return plus(ch, kindOf(ch).toFolded);
-}
+bool isSpace(wchar_t ch) noexcept { return (kindOf(ch).flags & kSpace) != 0; }
+bool isDigit(wchar_t ch) noexcept { return (kindOf(ch).flags & kDigit) != 0; }
+bool isLetter(wchar_t ch) noexcept { return (kindOf(ch).flags & kLetter) != 0; }
+wchar_t toLower(wchar_t ch) noexcept { return plus(ch, kindOf(ch).toLower); }
+wchar_t toUpper(wchar_t ch) noexcept { return plus(ch, kindOf(ch).toUpper); }
+wchar_t foldCase(wchar_t ch) noexcept { return plus(ch, kindOf(ch).toFolded); }
 
 }  // namespace orv

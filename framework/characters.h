@@ -8,15 +8,11 @@ namespace orv {
 /// U+0009..000D, 0020, 0085, 00A0, 1680, 2000..200A, 2028, 2029, 202F, 205F, 3000.
 bool isSpace(wchar_t ch) noexcept;
 /// "0" to "9".
-inline bool isAsciiDigit(wchar_t ch) noexcept {
-    return ch >= L'0' && ch <= L'9';
-}
+inline bool isAsciiDigit(wchar_t ch) noexcept { return ch >= L'0' && ch <= L'9'; }
 /// Decimal digits of every script.
 bool isDigit(wchar_t ch) noexcept;
 bool isLetter(wchar_t ch) noexcept;
-inline bool isAlphanumeric(wchar_t ch) noexcept {
-    return isLetter(ch) || isDigit(ch);
-}
+inline bool isAlphanumeric(wchar_t ch) noexcept { return isLetter(ch) || isDigit(ch); }
 /// Unicode's simple mappings, one character to one: Ä to ä, ß stays.
 wchar_t toLower(wchar_t ch) noexcept;
 wchar_t toUpper(wchar_t ch) noexcept;

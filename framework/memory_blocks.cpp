@@ -126,8 +126,6 @@ void freeLarge(void* block, std::size_t bytes) noexcept {
     if (block != nullptr) cache().put({block, bytes});
 }
 
-void dropKeptBlocks() noexcept {
-    cache().clear();
-}
+void dropKeptBlocks() noexcept { cache().clear(); }
 
 }  // namespace orv

@@ -22,9 +22,7 @@ constexpr std::array<double, kExactPower + 1> kPowersOfTen = {1e0,  1e1,  1e2,  
                                                               1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                                               1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
-double powerOfTen(int exponent) {
-    return kPowersOfTen[static_cast<std::size_t>(exponent)];
-}
+double powerOfTen(int exponent) { return kPowersOfTen[static_cast<std::size_t>(exponent)]; }
 
 // ---- To text ----
 
@@ -67,9 +65,7 @@ bool sixDigits(double value, SixDigits& out) {
     return true;
 }
 
-wchar_t digit(int value) {
-    return static_cast<wchar_t>(L'0' + value);
-}
+wchar_t digit(int value) { return static_cast<wchar_t>(L'0' + value); }
 
 wchar_t* putExponent(wchar_t* out, int exponent) {
     *out++ = L'e';

@@ -15,9 +15,7 @@ orv::WideString fromNarrow(std::string_view text) {
     return wide;
 }
 
-std::string_view viewOf(const char* text) {
-    return text == nullptr ? std::string_view() : std::string_view(text);
-}
+std::string_view viewOf(const char* text) { return text == nullptr ? std::string_view() : std::string_view(text); }
 
 }  // namespace
 
@@ -37,9 +35,7 @@ CString::CString(const wchar_t* text, int length) : text_(empty()) {
     }
 }
 
-CString::CString(const char* text) : CString() {
-    *this = text;
-}
+CString::CString(const char* text) : CString() { *this = text; }
 
 CString::CString(const char* text, int length) : CString() {
     if (text == nullptr || length <= 0) return;
@@ -59,9 +55,7 @@ wchar_t* CString::copyUnshared(const wchar_t* text) {
     return std::exchange(copy.text_, empty());
 }
 
-void CString::free(wchar_t* text) noexcept {
-    orv::freeText(text);
-}
+void CString::free(wchar_t* text) noexcept { orv::freeText(text); }
 
 CString& CString::operator=(const wchar_t* text) {
     SetString(text);
@@ -122,13 +116,9 @@ void CString::setLength(int length) noexcept {
     text_[length] = 0;
 }
 
-wchar_t* CString::GetBuffer() {
-    return writable(GetLength(), true);
-}
+wchar_t* CString::GetBuffer() { return writable(GetLength(), true); }
 
-wchar_t* CString::GetBuffer(int minimum) {
-    return writable(minimum > GetLength() ? minimum : GetLength(), true);
-}
+wchar_t* CString::GetBuffer(int minimum) { return writable(minimum > GetLength() ? minimum : GetLength(), true); }
 
 wchar_t* CString::GetBufferSetLength(int length) {
     if (length < 0) orv::throwInvalidArgument();
@@ -188,9 +178,7 @@ void CString::Empty() noexcept {
     }
 }
 
-void CString::SetString(const wchar_t* text) {
-    SetString(text, StringLength(text));
-}
+void CString::SetString(const wchar_t* text) { SetString(text, StringLength(text)); }
 
 void CString::SetString(const wchar_t* text, int length) {
     if (text == nullptr || length <= 0) {
@@ -219,9 +207,7 @@ void CString::keepRange(int first, int length) {
     }
 }
 
-void CString::Append(const wchar_t* text) {
-    Append(text, StringLength(text));
-}
+void CString::Append(const wchar_t* text) { Append(text, StringLength(text)); }
 
 void CString::Append(const CString& text) {
     if (IsEmpty() && data()->references.load(std::memory_order_relaxed) != orv::StringData::kLocked) {

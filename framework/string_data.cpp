@@ -17,15 +17,11 @@ constinit EmptyText emptyText{{StringData::kImmortal, 0, 0}, 0};
 static_assert(offsetof(EmptyText, nul) == sizeof(StringData), "characters stand directly behind their header");
 
 // Small texts are made in steps, so that a few more characters often fit without a new block.
-int roundedCapacity(int capacity) {
-    return (capacity + 8) / 8 * 8 + 1;
-}
+int roundedCapacity(int capacity) { return (capacity + 8) / 8 * 8 + 1; }
 
 }  // namespace
 
-const wchar_t* emptyString() noexcept {
-    return &emptyText.nul;
-}
+const wchar_t* emptyString() noexcept { return &emptyText.nul; }
 
 wchar_t* allocateText(int capacity) {
     if (capacity < 0 || capacity > kMaximumTextLength) throw std::bad_alloc();
@@ -39,9 +35,7 @@ wchar_t* allocateText(int capacity) {
     return text;
 }
 
-void freeText(wchar_t* text) noexcept {
-    std::free(reinterpret_cast<StringData*>(text) - 1);
-}
+void freeText(wchar_t* text) noexcept { std::free(reinterpret_cast<StringData*>(text) - 1); }
 
 int sumOfLengths(int a, int b) {
     if (a > kMaximumTextLength - b) throw std::bad_alloc();

@@ -13,9 +13,7 @@ bool isIn(wchar_t ch, const wchar_t* characters) {
     return false;
 }
 
-std::size_t size(int count) {
-    return static_cast<std::size_t>(count);
-}
+std::size_t size(int count) { return static_cast<std::size_t>(count); }
 
 // How many characters at the start (the end) of a text satisfy a condition.
 template <class Condition>
@@ -73,13 +71,9 @@ int CString::insertCharacters(int index, const wchar_t* text, int added) {
     return length + added;
 }
 
-int CString::Insert(int index, const wchar_t* text) {
-    return insertCharacters(index, text, StringLength(text));
-}
+int CString::Insert(int index, const wchar_t* text) { return insertCharacters(index, text, StringLength(text)); }
 
-int CString::Insert(int index, wchar_t ch) {
-    return insertCharacters(index, &ch, 1);
-}
+int CString::Insert(int index, wchar_t ch) { return insertCharacters(index, &ch, 1); }
 
 int CString::Replace(wchar_t from, wchar_t to) {
     int count = 0;
@@ -182,12 +176,6 @@ CString& CString::TrimRight(const wchar_t* characters) {
     return *this;
 }
 
-CString& CString::Trim() {
-    return TrimRight().TrimLeft();
-}
-CString& CString::Trim(wchar_t ch) {
-    return TrimRight(ch).TrimLeft(ch);
-}
-CString& CString::Trim(const wchar_t* characters) {
-    return TrimRight(characters).TrimLeft(characters);
-}
+CString& CString::Trim() { return TrimRight().TrimLeft(); }
+CString& CString::Trim(wchar_t ch) { return TrimRight(ch).TrimLeft(ch); }
+CString& CString::Trim(const wchar_t* characters) { return TrimRight(characters).TrimLeft(characters); }

@@ -9,17 +9,11 @@ orv::WideView viewOf(const wchar_t* text) {
                            : orv::WideView(text, static_cast<std::size_t>(CString::StringLength(text)));
 }
 
-orv::WideView viewOf(const CString& text) {
-    return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
-}
+orv::WideView viewOf(const CString& text) { return {text.GetString(), static_cast<std::size_t>(text.GetLength())}; }
 
-int indexOf(std::size_t found) {
-    return found == orv::WideView::npos ? -1 : static_cast<int>(found);
-}
+int indexOf(std::size_t found) { return found == orv::WideView::npos ? -1 : static_cast<int>(found); }
 
-CString textOf(orv::WideView view) {
-    return {view.data(), static_cast<int>(view.size())};
-}
+CString textOf(orv::WideView view) { return {view.data(), static_cast<int>(view.size())}; }
 
 }  // namespace
 
@@ -62,13 +56,9 @@ int CString::FindOneOf(const wchar_t* characters) const {
     return indexOf(viewOf(*this).find_first_of(viewOf(characters)));
 }
 
-int CString::ReverseFind(wchar_t ch) const {
-    return indexOf(viewOf(*this).rfind(ch));
-}
+int CString::ReverseFind(wchar_t ch) const { return indexOf(viewOf(*this).rfind(ch)); }
 
-CString CString::Mid(int first) const {
-    return Mid(first, GetLength());
-}
+CString CString::Mid(int first) const { return Mid(first, GetLength()); }
 
 CString CString::Mid(int first, int count) const {
     if (first < 0) first = 0;
@@ -80,9 +70,7 @@ CString CString::Mid(int first, int count) const {
     return {text_ + first, count};
 }
 
-CString CString::Left(int count) const {
-    return Mid(0, count);
-}
+CString CString::Left(int count) const { return Mid(0, count); }
 
 CString CString::Right(int count) const {
     const int length = GetLength();

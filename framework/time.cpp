@@ -13,9 +13,7 @@ CalendarTime calendarOf(std::int64_t time) {
     return calendar;
 }
 
-bool isIn(int value, int low, int high) {
-    return value >= low && value <= high;
-}
+bool isIn(int value, int low, int high) { return value >= low && value <= high; }
 
 }  // namespace
 
@@ -35,28 +33,14 @@ CTime::CTime(int year, int month, int day, int hour, int minute, int second, int
     if (time_ < 0) orv::throwInvalidArgument();
 }
 
-CTime CTime::GetCurrentTime() {
-    return {orv::platform::unixTime()};
-}
+CTime CTime::GetCurrentTime() { return {orv::platform::unixTime()}; }
 
-int CTime::GetYear() const {
-    return calendarOf(time_).year;
-}
-int CTime::GetMonth() const {
-    return calendarOf(time_).month;
-}
-int CTime::GetDay() const {
-    return calendarOf(time_).day;
-}
-int CTime::GetHour() const {
-    return calendarOf(time_).hour;
-}
-int CTime::GetMinute() const {
-    return calendarOf(time_).minute;
-}
-int CTime::GetSecond() const {
-    return calendarOf(time_).second;
-}
+int CTime::GetYear() const { return calendarOf(time_).year; }
+int CTime::GetMonth() const { return calendarOf(time_).month; }
+int CTime::GetDay() const { return calendarOf(time_).day; }
+int CTime::GetHour() const { return calendarOf(time_).hour; }
+int CTime::GetMinute() const { return calendarOf(time_).minute; }
+int CTime::GetSecond() const { return calendarOf(time_).second; }
 
 int CTime::GetDayOfWeek() const {
     const CalendarTime calendar = calendarOf(time_);

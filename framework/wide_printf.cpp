@@ -37,9 +37,7 @@ struct Directive {
 
 // ---- Reading a directive ----
 
-int bounded(long long value) {
-    return static_cast<int>(value > kMaximumWidth ? kMaximumWidth : value);
-}
+int bounded(long long value) { return static_cast<int>(value > kMaximumWidth ? kMaximumWidth : value); }
 
 int readNumber(const wchar_t*& at) {
     long long value = 0;

@@ -15,6 +15,7 @@
 #include <cstdint>
 
 #include "orv/export.h"
+#include "orv/framework/lists.h"
 #include "orv/framework/string.h"
 
 /// Writes a record (AddInit, Add..., AddEnd) or reads one (GetInit, Get...).
@@ -27,7 +28,8 @@ class ORV_API COrvSubStr {
     COrvSubStr();
 
     // ---- Writing ----
-    /// Starts a new record. A text separator is not copied: it must live as long as it is used; null counts as "".
+    /// Starts a new record. A text separator is not copied: it must live as long as it is used; null counts as "". An
+    /// empty separator, or the character 0, separates nothing.
     void AddInit(wchar_t separator);
     void AddInit(const wchar_t* separator);
     /// Appends one field. Null counts as "".
@@ -74,14 +76,23 @@ class ORV_API COrvSubStr {
     static void setSubstrReadRawTrData(bool raw);
 
   private:
+    enum class FieldEnd { kText, kBreak, kSeparator };
+
     void setSeparator(wchar_t separator);
     void setSeparator(const wchar_t* separator);
     void startRecord();
-    void reserve(std::size_t more);
+    void moveToLargerBuffer();
+    void append(const wchar_t* text, std::size_t length);
+    FieldEnd readText(orv::WideString& out);
     template <class Number>
-    void addNumber(Number value);
+    bool getInteger(Number& out, bool force);
     template <class Sink>
-    bool readField(Sink& sink);
+    FieldEnd readField(Sink& sink);
+    template <class Sink>
+    FieldEnd readFieldBySeparatorText(Sink& sink);
+    bool skipFields(long count);
+    bool hasField() const;
+    friend class orvStrUtil;
 
     wchar_t* outputStart_;
     const wchar_t* read_ = nullptr;
@@ -89,7 +100,7 @@ class ORV_API COrvSubStr {
     wchar_t separatorChar_ = L':';
     const wchar_t* separatorText_ = nullptr;
     std::uint32_t separatorLength_ = 0;
-    // TODO(record reader state)
+
     static bool bSubstrReadRawTrData;
 };
 
@@ -102,4 +113,38 @@ class ORV_API orvSubStrUtil {
     orvSubStrUtil& operator=(const orvSubStrUtil&) = default;
     orvSubStrUtil& operator=(orvSubStrUtil&&) = default;
     virtual ~orvSubStrUtil();
+
+    static void AddInit(wchar_t separator);
+    static void AddInit(const wchar_t* separator);
+    static void Add(const wchar_t* value);
+    static void Add(int value);
+    static void Add(unsigned int value);
+    static void Add(const long& value);
+    static void Add(const unsigned long& value);
+    static void Add(const float& value);
+    static void Add(const double& value);
+    static void AddEnd(CString& out);
+    static bool GetInit(const wchar_t* text, wchar_t separator);
+    static bool GetInit(const wchar_t* text, const wchar_t* separator);
+    static bool Get(CString& out);
+    static bool Get(CString& out, bool clearIfNone);
+    static bool Get(int& out, bool force);
+    static bool Get(unsigned int& out, bool force);
+    static bool Get(long& out, bool force);
+    static bool Get(unsigned long& out, bool force);
+    static bool Get(bool& out, bool force);
+    static bool Get(float& out, bool force);
+    static bool Get(double& out, bool force);
+    static wchar_t getSeparatorChar();
+    static const wchar_t* getSeparatorString();
+    static void setSubstrReadRawTrData(bool raw);
+    /// orvStrUtil::readStringlistFromFile of a file that is not scrambled.
+    static bool readStringlistFromFile(CStringList& out, const wchar_t* path, unsigned codePage);
+
+  protected:
+    /// GetSubStr and SetSubStr of orvStrUtil work on it too; a record that was being written or read here is lost then.
+    static COrvSubStr stOrvSubtstr;
+
+  private:
+    friend class orvStrUtil;
 };

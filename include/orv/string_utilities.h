@@ -113,6 +113,12 @@ class ORV_API orvStrUtil {
     static bool writeStringlistToFile(CStringList& lines, const wchar_t* path, unsigned codePage, bool scrambled);
     /// The same at the end of the file as it stands; a mark only in a file that this creates.
     static bool appendStringlistToFile(CStringList& lines, const wchar_t* path, unsigned codePage);
+
+  private:
+    template <class Separator>
+    static CString getField(const wchar_t* record, long n, Separator separator);
+    template <class Separator>
+    static void setField(CString& record, long n, Separator separator, const wchar_t* value);
 };
 
 /// Field n (from 1) of a text split at a separator text, without any escapes; "" when there are fewer fields. A line

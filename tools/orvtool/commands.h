@@ -6,6 +6,7 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <memory>
 #include <string>
 
 #include "orv/framework.h"
