@@ -25,6 +25,9 @@ Utf8Decoded decodeUtf8(std::string_view bytes, wchar_t* out);
 /// Decodes as long as the bytes are well-formed: true and the number of characters, or false at the first bad part.
 bool decodeValidUtf8(std::string_view bytes, wchar_t* out, std::size_t& length);
 
+/// How many bytes at the end (0 to 3) are the beginning of a character that goes on behind it.
+std::size_t cutUtf8Tail(std::string_view bytes);
+
 /// Encodes into `out`, which has room for 3 * text.size() + kUtf8Slack bytes; returns the bytes written.
 std::size_t encodeUtf8(WideView text, char* out);
 
