@@ -84,7 +84,7 @@ function(orv_test name)
   orv_pick_sources(sources ${ARGN})
   add_executable(test_${name} ${sources} ${PROJECT_SOURCE_DIR}/tests/support/main.cpp)
   target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-  target_link_libraries(test_${name} PRIVATE orv::base orv_warnings gtest)
+  target_link_libraries(test_${name} PRIVATE orv::base orv_warnings orv_test_warnings gtest)
 endfunction()
 
 function(orv_fuzz name)

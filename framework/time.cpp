@@ -9,7 +9,7 @@ using orv::platform::CalendarTime;
 // All zero for a moment without a calendar.
 CalendarTime calendarOf(std::int64_t time) {
     CalendarTime calendar{};
-    if (!orv::platform::localCalendar(time, calendar)) calendar = {};
+    if (time < 0 || !orv::platform::localCalendar(time, calendar) || calendar.year > 3000) calendar = {};
     return calendar;
 }
 

@@ -25,7 +25,6 @@ void orvStrUtil::setField(CString& record, long n, Separator separator, const wc
     orv::WideString field;
     long i = 1;
     for (bool more = shared.hasField(); more; ++i) {
-        field.clear();
         more = shared.readText(field) == COrvSubStr::FieldEnd::kSeparator;
         shared.Add(i == n ? value : field.c_str());
     }

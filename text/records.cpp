@@ -16,21 +16,22 @@ std::size_t lengthOf(const wchar_t* text) { return text == nullptr ? 0 : orv::Wi
 
 bool isBreak(const wchar_t* text) { return text[0] == L'\n' || (text[0] == L'\r' && text[1] == L'\n'); }
 
-// Receives a field in a buffer that all readers share and that is kept, so that a typed field costs no allocation.
+// Decoded fields are put together in a buffer that all readers share and that is kept, so that no field allocates.
 orv::WideString& fieldBuffer() {
     static orv::WideString buffer;
-    buffer.clear();
     return buffer;
 }
 
-// What a reader writes a decoded field into. The one on a CString takes a field without escapes in one assignment.
+// What a reader writes a field into: in one piece when there is nothing to decode, else piece by piece between start
+// and finish.
 class BufferSink {
   public:
     explicit BufferSink(orv::WideString& out) : out_(out) {}
     void whole(const wchar_t* text, std::size_t length) { out_.assign(text, length); }
+    void start() { out_.clear(); }
     void append(const wchar_t* text, std::size_t length) { out_.append(text, length); }
     void put(wchar_t ch) { out_ += ch; }
-    void drop(std::size_t count) { out_.resize(out_.size() - count); }
+    void drop(std::size_t count) { out_.erase(out_.size() - count); }
     void finish() {}
 
   private:
@@ -39,21 +40,16 @@ class BufferSink {
 
 class StringSink {
   public:
-    explicit StringSink(CString& out) : out_(out), decoded_(nullptr) {}
+    explicit StringSink(CString& out) : out_(out) {}
     void whole(const wchar_t* text, std::size_t length) { out_.SetString(text, static_cast<int>(length)); }
-    void append(const wchar_t* text, std::size_t length) { decoded().append(text, length); }
-    void put(wchar_t ch) { decoded() += ch; }
-    void drop(std::size_t count) { decoded().resize(decoded().size() - count); }
-    void finish() { out_.SetString(decoded().data(), static_cast<int>(decoded().size())); }
+    void start() { fieldBuffer().clear(); }
+    void append(const wchar_t* text, std::size_t length) { fieldBuffer().append(text, length); }
+    void put(wchar_t ch) { fieldBuffer() += ch; }
+    void drop(std::size_t count) { fieldBuffer().erase(fieldBuffer().size() - count); }
+    void finish() { out_.SetString(fieldBuffer().data(), static_cast<int>(fieldBuffer().size())); }
 
   private:
-    orv::WideString& decoded() {
-        if (decoded_ == nullptr) decoded_ = &fieldBuffer();
-        return *decoded_;
-    }
-
     CString& out_;
-    orv::WideString* decoded_;
 };
 
 // One character, or the escape that stands for one; `text` goes behind it.
@@ -200,6 +196,7 @@ COrvSubStr::FieldEnd COrvSubStr::readField(Sink& sink) {
         if (first && (ends || separated)) {
             sink.whole(run, plain);
         } else {
+            if (first) sink.start();
             sink.append(run, plain);
             if (ends || separated) sink.finish();
         }
@@ -219,6 +216,7 @@ COrvSubStr::FieldEnd COrvSubStr::readField(Sink& sink) {
 template <class Sink>
 COrvSubStr::FieldEnd COrvSubStr::readFieldBySeparatorText(Sink& sink) {
     std::size_t matched = 0;
+    sink.start();
     while (*read_ != 0 && !isBreak(read_)) {
         if (*read_ == separatorText_[matched] && ++matched == separatorLength_) {
             sink.drop(separatorLength_ - 1);
@@ -244,6 +242,7 @@ bool COrvSubStr::Get(CString& out, bool clearIfNone) {
 }
 
 COrvSubStr::FieldEnd COrvSubStr::readText(orv::WideString& out) {
+    out.clear();
     if (read_ == nullptr || *read_ == 0) return FieldEnd::kText;
     BufferSink sink(out);
     return readField(sink);

@@ -16,5 +16,7 @@ inline void PrintTo(const CString& text, std::ostream* out) {
 /// For failure messages: SCOPED_TRACE(utf8(row.text)).
 inline std::string utf8(const wchar_t* text) { return orvStdStrUtil::convertUnicodeToUtf8(CString(text)); }
 
+inline CString asText(CString text) { return text; }
+
 /// EXPECT_TEXT(L"expected", actual)
-#define EXPECT_TEXT(expected, actual) EXPECT_EQ(CString(expected), CString(actual))
+#define EXPECT_TEXT(expected, actual) EXPECT_EQ(asText(expected), asText(actual))

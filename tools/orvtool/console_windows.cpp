@@ -23,7 +23,8 @@ std::vector<std::string> commandLine(int, char**) {
     std::vector<std::string> words;
     int count = 0;
     wchar_t** parts = CommandLineToArgvW(GetCommandLineW(), &count);
-    for (int i = 1; parts != nullptr && i < count; ++i) words.push_back(utf8(CString(parts[i])));
+    for (int i = 1; parts != nullptr && i < count; ++i)
+        words.push_back(utf8(CString(parts[i])));
     LocalFree(parts);
     return words;
 }

@@ -21,7 +21,9 @@ void addRecord(CLI::App& command, RecordWords& words) {
 }
 
 void addField(CLI::App& command, RecordWords& words) {
-    command.add_option("FIELD", words.field, "Number of the field, from 1")->required()->check(CLI::Range(1L, 1000000L));
+    command.add_option("FIELD", words.field, "Number of the field, from 1")
+        ->required()
+        ->check(CLI::Range(1L, 1000000L));
 }
 
 // Reads a record field by field, decoded; a record ends at its first line break.
