@@ -1,0 +1,13 @@
+// Everything that the library offers.
+#pragma once
+
+#include "orv/framework.h"
+#include "orv/hashing.h"
+#include "orv/messages.h"
+#include "orv/numbers.h"
+#include "orv/records.h"
+#include "orv/string_utilities.h"
+#include "orv/text_files.h"
+#include "orv/vector_level.h"
+#include "orv/version.h"
+#include "orv/wide.h"

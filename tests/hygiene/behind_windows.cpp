@@ -1,0 +1,4 @@
+// The system's headers first, with all their macros.
+#include <windows.h>
+
+#include "all_headers.inc"
