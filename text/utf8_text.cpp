@@ -6,9 +6,7 @@
 
 namespace orvStdStrUtil {
 
-std::string convertUnicodeToUtf8(CString text) {
-    return orv::wideToUtf8(text.GetString());
-}
+std::string convertUnicodeToUtf8(CString text) { return orv::wideToUtf8(text.GetString()); }
 
 CString convertUtf8ToUnicode(std::string text) {
     const std::string_view upToNul(text.c_str());
