@@ -9,9 +9,7 @@ namespace {
 constexpr std::ptrdiff_t kBlock = 64;
 constexpr std::ptrdiff_t kLookAhead = 2;  // the third byte of a character that begins at the block's last byte
 
-ORV_TARGET_AVX512 ORV_KERNEL_INLINE __m512i bytesOf(int value) {
-    return _mm512_set1_epi8(static_cast<char>(value));
-}
+ORV_TARGET_AVX512 ORV_KERNEL_INLINE __m512i bytesOf(int value) { return _mm512_set1_epi8(static_cast<char>(value)); }
 
 ORV_TARGET_AVX512 ORV_KERNEL_INLINE __m512i lowHalf(__m512i bytes) {
     return _mm512_cvtepu8_epi16(_mm512_castsi512_si256(bytes));
@@ -64,7 +62,11 @@ ORV_TARGET_AVX512 Decoded decodeWide(const Byte* in, const Byte* end, wchar_t* o
             step = 62;
         }
         const std::uint64_t inStep = ~std::uint64_t{0} >> (kBlock - step);
-        if ((((leads << 1) | (threes << 2)) & inStep) != (followers & inStep)) break;
+        // Followers must stand exactly where the characters of this step ask for them, also behind the step's last
+        // character; only a second byte of the character that was cut is not judged yet.
+        const std::uint64_t asked = ((leads & inStep) << 1) | ((threes & inStep) << 2);
+        const std::uint64_t unjudged = step == 62 ? std::uint64_t{1} << 63 : 0;
+        if (((asked ^ followers) & ~unjudged) != 0) break;
         const std::uint64_t starts = ~followers & inStep;
         const __m512i nextBytes = _mm512_loadu_si512(in + 1);
         const __m512i lead = _mm512_maskz_compress_epi8(starts, bytes);
