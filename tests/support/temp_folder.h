@@ -1,6 +1,7 @@
 // A folder of a test's own under the system's temporary folder, removed with all that is in it.
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -23,8 +24,10 @@ class TempFolder {
         const long process = getpid();
 #endif
         static int made = 0;
+        // Process ids come again, and an older process may have died before it removed its folder.
+        const auto now = std::chrono::system_clock::now().time_since_epoch().count();
         path_ = std::filesystem::temp_directory_path() /
-                ("orv_test_" + std::to_string(process) + "_" + std::to_string(made++));
+                ("orv_test_" + std::to_string(process) + "_" + std::to_string(now) + "_" + std::to_string(made++));
         std::filesystem::create_directories(path_);
     }
     TempFolder(const TempFolder&) = delete;
