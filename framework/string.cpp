@@ -81,11 +81,6 @@ CString& CString::operator+=(const char* text) {
 
 // ---- The buffer ----
 
-bool CString::isShared() const noexcept {
-    const std::int32_t references = data()->references.load(std::memory_order_acquire);
-    return references > 1 || references == orv::StringData::kImmortal;
-}
-
 bool CString::holds(const wchar_t* text) const noexcept {
     return !std::less<const wchar_t*>()(text, text_) && std::less<const wchar_t*>()(text, text_ + data()->length);
 }
@@ -109,11 +104,6 @@ wchar_t* CString::writable(int capacity, bool keep) {
     text_ = made;
     setLength(length);
     return text_;
-}
-
-void CString::setLength(int length) noexcept {
-    data()->length = length;
-    text_[length] = 0;
 }
 
 wchar_t* CString::GetBuffer() { return writable(GetLength(), true); }

@@ -5,6 +5,7 @@
 
 #include <bit>
 #include <cstdint>
+#include <cstring>
 
 #include "framework/cpu.h"
 
@@ -88,6 +89,13 @@ EscapedCopy copyEscapedSse2(const wchar_t* from, wchar_t* to, const wchar_t* end
     return {from, to};
 }
 
+// What ends a plain run, save the separator.
+__m128i otherEnds(__m128i part) {
+    const __m128i breaks = _mm_or_si128(equal(part, L'\r'), equal(part, L'\n'));
+    const __m128i escapes = _mm_or_si128(equal(part, kEscapedColon), equal(part, L'&'));
+    return _mm_or_si128(_mm_or_si128(breaks, escapes), equal(part, 0));
+}
+
 std::size_t plainLengthSse2(const wchar_t* text, wchar_t separator) {
     const wchar_t* at = text;
     for (;;) {
@@ -97,13 +105,29 @@ std::size_t plainLengthSse2(const wchar_t* text, wchar_t separator) {
             continue;
         }
         const __m128i part = loadShort(at);
-        const __m128i breaks = _mm_or_si128(equal(part, L'\r'), equal(part, L'\n'));
-        const __m128i escapes = _mm_or_si128(equal(part, kEscapedColon), equal(part, L'&'));
-        const __m128i ends = _mm_or_si128(equal(part, separator), equal(part, 0));
-        const unsigned special = bitsOf(_mm_or_si128(_mm_or_si128(breaks, escapes), ends));
+        const unsigned special = bitsOf(_mm_or_si128(otherEnds(part), equal(part, separator)));
         if (special != 0) return static_cast<std::size_t>(at - text + std::countr_zero(special) / 2);
         at += kShort;
     }
+}
+
+std::size_t copySimpleFieldSse2(const wchar_t* text, wchar_t separator, wchar_t* to, std::size_t room) {
+    for (std::size_t length = 0; length < 4 * kShort && charactersInPage(text + length) >= kShort;) {
+        const __m128i part = loadShort(text + length);
+        const unsigned others = bitsOf(otherEnds(part));
+        const unsigned separators = bitsOf(equal(part, separator));
+        const unsigned special = others | separators;
+        if (special == 0) {
+            length += kShort;
+            continue;
+        }
+        if ((special & (0U - special) & separators & ~others) == 0) break;
+        length += static_cast<std::size_t>(std::countr_zero(special)) / 2;
+        if (length > room) break;
+        std::memmove(to, text, length * sizeof(wchar_t));
+        return length;
+    }
+    return kNoSimpleField;
 }
 
 const wchar_t* skipSeparatorsSse2(const wchar_t* text, wchar_t separator, long count) {
@@ -174,17 +198,33 @@ ORV_TARGET_AVX512 ORV_READS_TO_PAGE_END EscapedCopy copyEscapedAvx512(const wcha
     return {from, to};
 }
 
+ORV_KERNEL_INLINE ORV_TARGET_AVX512 unsigned otherEnds512(LongPart part) {
+    return (equal512(part.characters, kEscapedColon) | equal512(part.characters, L'&') |
+            equal512(part.characters, L'\r') | equal512(part.characters, L'\n') | equal512(part.characters, 0)) &
+           part.valid;
+}
+
 ORV_TARGET_AVX512 ORV_READS_TO_PAGE_END std::size_t plainLengthAvx512(const wchar_t* text, wchar_t separator) {
     const wchar_t* at = text;
     for (;;) {
         const LongPart part = loadLong(at);
-        const __mmask32 special = (equal512(part.characters, separator) | equal512(part.characters, kEscapedColon) |
-                                   equal512(part.characters, L'&') | equal512(part.characters, L'\r') |
-                                   equal512(part.characters, L'\n') | equal512(part.characters, 0)) &
-                                  part.valid;
+        const unsigned special = otherEnds512(part) | (equal512(part.characters, separator) & part.valid);
         if (special != 0) return static_cast<std::size_t>(at - text) + _tzcnt_u32(special);
         at += part.count;
     }
+}
+
+ORV_TARGET_AVX512 ORV_READS_TO_PAGE_END std::size_t copySimpleFieldAvx512(const wchar_t* text, wchar_t separator,
+                                                                          wchar_t* to, std::size_t room) {
+    if (charactersInPage(text) < kLong) return kNoSimpleField;
+    const LongPart part{_mm512_loadu_si512(text), ~__mmask32{0}, kLong};
+    const unsigned others = otherEnds512(part);
+    const unsigned separators = equal512(part.characters, separator);
+    const unsigned special = others | separators;
+    const unsigned length = _tzcnt_u32(special);
+    if ((_blsi_u32(special) & separators & ~others) == 0 || length > room) return kNoSimpleField;
+    _mm512_mask_storeu_epi16(to, _bzhi_u32(~0U, length), part.characters);
+    return length;
 }
 
 ORV_TARGET_AVX512 ORV_READS_TO_PAGE_END const wchar_t* skipSeparatorsAvx512(const wchar_t* text, wchar_t separator,
@@ -216,6 +256,11 @@ EscapedCopy copyEscaped(const wchar_t* from, wchar_t* to, const wchar_t* end) {
 std::size_t plainLength(const wchar_t* text, wchar_t separator) {
     return vectorLevel() >= VectorLevel::kAvx512 ? plainLengthAvx512(text, separator)
                                                  : plainLengthSse2(text, separator);
+}
+
+std::size_t copySimpleField(const wchar_t* text, wchar_t separator, wchar_t* to, std::size_t room) {
+    return vectorLevel() >= VectorLevel::kAvx512 ? copySimpleFieldAvx512(text, separator, to, room)
+                                                 : copySimpleFieldSse2(text, separator, to, room);
 }
 
 const wchar_t* skipSeparators(const wchar_t* text, wchar_t separator, long count) {

@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "framework/string_access.h"
 #include "orv/numbers.h"
 #include "text/record_buffers.h"
 #include "text/record_scan.h"
@@ -188,8 +189,8 @@ COrvSubStr::FieldEnd COrvSubStr::readField(Sink& sink) {
 
     bool first = true;
     for (;;) {
-        const std::size_t plain = orv::plainLength(read_, separatorChar_);
         const wchar_t* run = read_;
+        const std::size_t plain = orv::plainLength(run, separatorChar_);
         read_ += plain;
         const bool ends = *read_ == 0 || isBreak(read_);
         const bool separated = !ends && *read_ == separatorChar_;
@@ -230,6 +231,22 @@ COrvSubStr::FieldEnd COrvSubStr::readFieldBySeparatorText(Sink& sink) {
     return *read_ == 0 ? FieldEnd::kText : FieldEnd::kBreak;
 }
 
+// The usual case in one step: a short field without escapes and with a separator behind it, into a string that has
+// room.
+bool COrvSubStr::readSimpleField(CString& out) {
+    if (separatorChar_ == 0) return false;
+    std::size_t room = 0;
+    wchar_t* to = orv::StringAccess::ownCharacters(out, room);
+    if (to == nullptr) return false;
+    const wchar_t* start = read_;
+    if (!bSubstrReadRawTrData && *start == kTranslationMark) ++start;
+    const std::size_t length = orv::copySimpleField(start, separatorChar_, to, room);
+    if (length == orv::kNoSimpleField) return false;
+    orv::StringAccess::setLength(out, length);
+    read_ = start + length + 1;
+    return true;
+}
+
 bool COrvSubStr::Get(CString& out) { return Get(out, true); }
 
 bool COrvSubStr::Get(CString& out, bool clearIfNone) {
@@ -237,6 +254,7 @@ bool COrvSubStr::Get(CString& out, bool clearIfNone) {
         if (clearIfNone) out.Empty();
         return false;
     }
+    if (readSimpleField(out)) return true;
     StringSink sink(out);
     return readField(sink) != FieldEnd::kText;
 }

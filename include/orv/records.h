@@ -90,6 +90,7 @@ class ORV_API COrvSubStr {
     FieldEnd readField(Sink& sink);
     template <class Sink>
     FieldEnd readFieldBySeparatorText(Sink& sink);
+    bool readSimpleField(CString& out);
     bool skipFields(long count);
     bool hasField() const;
     friend class orvStrUtil;

@@ -29,6 +29,8 @@ struct StringData {
     std::int32_t capacity;  // characters that fit, the closing NUL not counted
 };
 
+struct StringAccess;  // the library's own
+
 /// The characters (a single NUL) of the shared empty string.
 ORV_API const wchar_t* emptyString() noexcept;
 
@@ -215,6 +217,8 @@ class ORV_API CString {
     friend bool operator>=(const wchar_t* a, const CString& b) { return !(a < b); }
 
   private:
+    friend struct orv::StringAccess;
+
     static wchar_t* empty() noexcept { return const_cast<wchar_t*>(orv::emptyString()); }
     static wchar_t* copyUnshared(const wchar_t* text);
     static void release(wchar_t* text) noexcept {
@@ -230,11 +234,17 @@ class ORV_API CString {
         return reinterpret_cast<orv::StringData*>(reinterpret_cast<std::uintptr_t>(text) - sizeof(orv::StringData));
     }
     orv::StringData* data() const noexcept { return dataOf(text_); }
-    bool isShared() const noexcept;
+    bool isShared() const noexcept {
+        const std::int32_t references = data()->references.load(std::memory_order_acquire);
+        return references > 1 || references == orv::StringData::kImmortal;
+    }
     bool holds(const wchar_t* text) const noexcept;
     void swap(CString& other) noexcept { std::swap(text_, other.text_); }
     wchar_t* writable(int capacity, bool keep);
-    void setLength(int length) noexcept;
+    void setLength(int length) noexcept {
+        data()->length = length;
+        text_[length] = 0;
+    }
     void keepRange(int first, int length);
     int insertCharacters(int index, const wchar_t* text, int length);
     void formatC(const wchar_t* format, ...);

@@ -1,0 +1,22 @@
+// Direct access to the characters of a CString, for the few loops of the library in which a call would cost more than
+// the work.
+#pragma once
+
+#include <cstddef>
+
+#include "orv/framework/string.h"
+
+namespace orv {
+
+struct StringAccess {
+    /// The characters if they are this string's own and may be written, and room for so many; else null.
+    static wchar_t* ownCharacters(CString& text, std::size_t& room) {
+        if (text.data()->references.load(std::memory_order_acquire) != 1) return nullptr;
+        room = static_cast<std::size_t>(text.data()->capacity);
+        return text.text_;
+    }
+    /// Ends the text behind `length` characters, for which there is room.
+    static void setLength(CString& text, std::size_t length) { text.setLength(static_cast<int>(length)); }
+};
+
+}  // namespace orv
