@@ -84,20 +84,16 @@ void readAnyText(const Text& text, const Text& separator) {
     }
     Reader slow{copy.get(), separator};
     long n = 0;
-    bool breakReached = false;
     for (bool more = true; more && n < 200;) {
         CString field(L"before");
         more = reader.Get(field);
         Text expected;
-        const bool atBreak = slow.isBreak();
         check(slow.get(expected) == more);
         check(field == expected.c_str() && field.GetLength() == static_cast<int>(expected.size()));
         ++n;
-        if (atBreak && n > 1 && breakReached) expected.clear();  // behind the record's end no number finds a field
         const CString byNumber = separator.size() == 1 ? orvStrUtil::GetSubStr(copy.get(), n, separator[0])
                                                        : orvStrUtil::GetSubStr(copy.get(), n, separatorCopy.get());
         check(byNumber == expected.c_str());
-        breakReached = slow.isBreak();
     }
 }
 

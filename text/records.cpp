@@ -73,7 +73,11 @@ bool COrvSubStr::bSubstrReadRawTrData = false;
 
 void COrvSubStr::setSubstrReadRawTrData(bool raw) { bSubstrReadRawTrData = raw; }
 
-COrvSubStr::COrvSubStr() : outputStart_(orv::firstRecordBuffer()), write_(outputStart_) { *write_ = 0; }
+// Nothing is written yet: another object may have a record in the buffer.
+COrvSubStr::COrvSubStr()
+    : outputStart_(orv::firstRecordBuffer()),
+      write_(outputStart_),
+      outputEnd_(outputStart_ + orv::kRecordBufferLength) {}
 
 void COrvSubStr::setSeparator(wchar_t separator) {
     separatorChar_ = separator;
@@ -91,6 +95,7 @@ void COrvSubStr::setSeparator(const wchar_t* separator) {
 
 void COrvSubStr::startRecord() {
     outputStart_ = orv::firstRecordBuffer();
+    outputEnd_ = outputStart_ + orv::kRecordBufferLength;
     write_ = outputStart_;
     *write_ = 0;
 }
@@ -110,11 +115,12 @@ void COrvSubStr::moveToLargerBuffer() {
     wchar_t* larger = orv::nextRecordBuffer(outputStart_);
     orv::WideTraits::copy(larger, outputStart_, written);
     outputStart_ = larger;
+    outputEnd_ = orv::endOfRecordBuffer(larger);
     write_ = larger + written;
 }
 
 void COrvSubStr::append(const wchar_t* text, std::size_t length) {
-    while (orv::endOfRecordBuffer(outputStart_) - write_ <= static_cast<std::ptrdiff_t>(length))
+    while (outputEnd_ - write_ <= static_cast<std::ptrdiff_t>(length))
         moveToLargerBuffer();
     orv::WideTraits::copy(write_, text, length);
     write_ += length;
@@ -123,11 +129,10 @@ void COrvSubStr::append(const wchar_t* text, std::size_t length) {
 void COrvSubStr::Add(const wchar_t* value) {
     const wchar_t* from = value == nullptr ? L"" : value;
     for (;;) {
-        const wchar_t* end = orv::endOfRecordBuffer(outputStart_);
-        const orv::EscapedCopy copy = orv::copyEscaped(from, write_, end);
+        const orv::EscapedCopy copy = orv::copyEscaped(from, write_, outputEnd_);
         from = copy.from;
         write_ = copy.to;
-        if (*from == 0 && write_ < end) break;
+        if (*from == 0 && write_ < outputEnd_) break;
         moveToLargerBuffer();
     }
     if (separatorChar_ != 0) {

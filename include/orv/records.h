@@ -101,6 +101,7 @@ class ORV_API COrvSubStr {
     wchar_t separatorChar_ = L':';
     const wchar_t* separatorText_ = nullptr;
     std::uint32_t separatorLength_ = 0;
+    const wchar_t* outputEnd_;
 
     static bool bSubstrReadRawTrData;
 };
