@@ -231,7 +231,7 @@ class ORV_API CString {
     static bool equal(const wchar_t* a, const wchar_t* b) noexcept;
     static CString joined(const wchar_t* a, int aLength, const wchar_t* b, int bLength);
     static orv::StringData* dataOf(const wchar_t* text) noexcept {
-        return reinterpret_cast<orv::StringData*>(reinterpret_cast<std::uintptr_t>(text) - sizeof(orv::StringData));
+        return reinterpret_cast<orv::StringData*>(const_cast<wchar_t*>(text)) - 1;
     }
     orv::StringData* data() const noexcept { return dataOf(text_); }
     bool isShared() const noexcept {
