@@ -1,26 +1,20 @@
-// Reads a parts list in whatever encoding it has and prints the articles of one kind, dearest first.
-#include <algorithm>
+// parts FILE PATTERN: the articles of a parts list whose names match, with their prices, whatever the file's encoding.
 #include <cstdio>
-#include <vector>
 
 #include "orv/orv.h"
 
 int main(int argc, char** argv) {
     CStringList lines;
-    if (argc < 3 || !orvStrUtil::readStringlistFromFileAuto(lines, CString(argv[1]), false)) return 2;
-    std::vector<std::pair<double, CString>> found;
+    if (argc != 3 || !orvStrUtil::readStringlistFromFileAuto(lines, CString(argv[1]), false)) return 2;
+    const CString pattern(argv[2]);
     for (POSITION at = lines.GetHeadPosition(); at != nullptr;) {
-        const CString& line = lines.GetNext(at);
-        const CString name = orvStrUtil::GetSubStr(line, 2, L':');
-        if (!orvStrUtil::MatchesWildcardPattern(name, CString(argv[2]), false)) continue;
-        COrvSubStr price;
-        price.GetInit(orvStrUtil::GetSubStr(line, 5, L':'), L':');
-        found.emplace_back(0.0, name);
-        price.Get(found.back().first, true);
+        COrvSubStr record;
+        CString number, name, dimension, unit;
+        double price = 0;
+        record.GetInit(lines.GetNext(at), L':');
+        record.Get(number) && record.Get(name) && record.Get(dimension) && record.Get(unit) && record.Get(price, true);
+        if (!orvStrUtil::MatchesWildcardPattern(name, pattern, false)) continue;
+        const CStringFormat row(L"%10.2f  %s, %s", price, name, dimension);
+        std::puts(orvStdStrUtil::convertUnicodeToUtf8(row).c_str());
     }
-    std::stable_sort(found.begin(), found.end(), [](auto& a, auto& b) { return a.first > b.first; });
-    for (const auto& [price, name] : found) {
-        std::puts(orvStdStrUtil::convertUnicodeToUtf8(CStringFormat(L"%10.2f  %s", price, name)).c_str());
-    }
-    return found.empty() ? 1 : 0;
 }
