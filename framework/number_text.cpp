@@ -158,6 +158,16 @@ int formatGeneral(double value, wchar_t (&out)[kGeneralLength]) {
     return static_cast<int>(at - out);
 }
 
+int formatInteger(std::int32_t value, wchar_t (&out)[kIntegerLength]) {
+    std::array<char, kIntegerLength> narrow;
+    const char* end = std::to_chars(narrow.data(), narrow.data() + narrow.size(), value).ptr;
+    const auto length = static_cast<int>(end - narrow.data());
+    for (int i = 0; i < length; ++i)
+        out[i] = static_cast<wchar_t>(narrow[static_cast<std::size_t>(i)]);
+    out[length] = 0;
+    return length;
+}
+
 ParsedDouble parseDouble(WideView text) {
     constexpr std::uint64_t kExactMantissa = std::uint64_t{1} << 53;
     constexpr int kMantissaDigits = 19;

@@ -146,9 +146,9 @@ void COrvSubStr::Add(const wchar_t* value) {
 // ODDITY(record-unsigned): unsigned values go through "%d", so 3000000000 is written "-1294967296". Stored records
 // contain such fields. Pinned by Records.WritesNumbers.
 void COrvSubStr::Add(int value) {
-    CString text;
-    text.Format(L"%d", value);
-    Add(text.GetString());
+    wchar_t text[orv::kIntegerLength];
+    orv::formatInteger(value, text);
+    Add(text);
 }
 
 void COrvSubStr::Add(unsigned int value) { Add(static_cast<int>(value)); }

@@ -17,6 +17,12 @@ inline constexpr int kGeneralLength = 24;
 /// An infinity is "inf" or "-inf", what is no number "nan".
 ORV_API int formatGeneral(double value, wchar_t (&out)[kGeneralLength]);
 
+/// Room that formatInteger needs: "-2147483648" and the closing NUL.
+inline constexpr int kIntegerLength = 12;
+
+/// Writes `value` in decimal digits, with a closing NUL; returns the number of characters before it.
+ORV_API int formatInteger(std::int32_t value, wchar_t (&out)[kIntegerLength]);
+
 /// A number at the start of a text and how many characters it took (0: there is none, and the value is 0).
 struct ParsedDouble {
     double value;

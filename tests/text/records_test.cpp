@@ -98,6 +98,7 @@ TEST_F(Records, WritesNumbers) {
     COrvSubStr writer;
     writer.AddInit(L':');
     writer.Add(-12);
+    writer.Add(std::numeric_limits<int>::min());
     writer.Add(3000000000U);
     writer.Add(static_cast<const long&>(7L));
     writer.Add(static_cast<const unsigned long&>(4294967295UL));
@@ -109,7 +110,7 @@ TEST_F(Records, WritesNumbers) {
     writer.Add(static_cast<const double&>(1e300));
     CString record;
     writer.AddEnd(record);
-    EXPECT_TEXT(L"-12:-1294967296:7:-1:0:0:1e-07:1.23457e+06:0.1:1e+300", record);
+    EXPECT_TEXT(L"-12:-2147483648:-1294967296:7:-1:0:0:1e-07:1.23457e+06:0.1:1e+300", record);
 }
 
 TEST_F(Records, ReadsFieldByField) {
