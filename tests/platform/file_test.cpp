@@ -52,10 +52,7 @@ TEST(File, OpensAsItsFlagsSay) {
 TEST(File, PathsMayBeLong) {
     const TempFolder folder;
     const std::string name(60, 'n');
-    std::filesystem::path place = folder.path();
-#if defined(_WIN32)
-    place = std::filesystem::path(L"\\\\?\\" + place.wstring());
-#endif
+    std::filesystem::path place = TempFolder::unlimited(folder.path());
     CString path = TempFolder::asText(folder.path());
     for (int level = 0; level < 5; ++level) {
         place /= name;
@@ -73,7 +70,8 @@ TEST(File, PathsMayBeLong) {
     EXPECT_FALSE(orvStrUtil::readStringFromFileAuto(text, path + L"/missing", false));
     // The fixture's own removal does not go so deep on Windows.
     EXPECT_TRUE(std::filesystem::remove(place / u8"Küche.txt"));
-    for (; place.filename() == name; place = place.parent_path()) EXPECT_TRUE(std::filesystem::remove(place));
+    for (; place.filename() == name; place = place.parent_path())
+        EXPECT_TRUE(std::filesystem::remove(place));
 }
 
 CString shown;

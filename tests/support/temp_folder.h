@@ -56,6 +56,15 @@ class TempFolder {
         return asWide(std::string(bytes.begin(), bytes.end()));
     }
 
+    /// The same place in the form that the system takes at any length.
+    static std::filesystem::path unlimited(const std::filesystem::path& path) {
+#if defined(_WIN32)
+        return LR"(\\?\)" + path.wstring();
+#else
+        return path;
+#endif
+    }
+
   private:
     static CString asWide(const std::string& utf8) { return orvStdStrUtil::convertUtf8ToUnicode(utf8); }
     static wchar_t separator() { return static_cast<wchar_t>(std::filesystem::path::preferred_separator); }
