@@ -17,9 +17,7 @@ struct Step {
     bool isBad;
 };
 
-constexpr bool isFollower(Byte byte, Byte low = 0x80, Byte high = 0xBF) {
-    return byte >= low && byte <= high;
-}
+constexpr bool isFollower(Byte byte, Byte low = 0x80, Byte high = 0xBF) { return byte >= low && byte <= high; }
 
 /// What may begin with `lead`: how many bytes follow (0 for none: a bad byte) and the range of the first of them.
 struct Sequence {
@@ -64,9 +62,7 @@ inline wchar_t* put(std::uint32_t character, wchar_t* out) {
     return out;
 }
 
-const Byte* bytesOf(std::string_view bytes) {
-    return reinterpret_cast<const Byte*>(bytes.data());
-}
+const Byte* bytesOf(std::string_view bytes) { return reinterpret_cast<const Byte*>(bytes.data()); }
 
 // How many bytes are decoded one character at a time before a vector kernel that stopped is asked again: as long a run
 // as the kernel's block, so that a text full of what it does not do costs one wasted block in two.
@@ -88,12 +84,10 @@ inline std::size_t decode(std::string_view text, wchar_t* const start, OnBad onB
         }
         const Byte* const runEnd = end - in > kScalarRun && isWide ? in + kScalarRun : end;
         while (in < runEnd) {
-            if (*in < 0x80) {
-                const utf8::Decoded run = utf8::decodeAscii(in, runEnd, out);
-                in = run.in;
-                out = run.out;
-                continue;
-            }
+            const utf8::Decoded run = utf8::decodeShort(in, runEnd, out);
+            in = run.in;
+            out = run.out;
+            if (in >= runEnd) break;
             const Step step = nextCharacter(in, end);
             if (step.isBad && !onBad(static_cast<std::size_t>(in - begin))) {
                 return static_cast<std::size_t>(out - start);
@@ -144,7 +138,7 @@ std::size_t encodeUtf8(WideView text, char* out) {
     const bool isWide = vectorLevel() >= VectorLevel::kAvx512;
     while (in < end) {
         const utf8::Encoded run =
-            isWide && end - in >= 32 ? utf8::encodeWide(in, end, to) : utf8::encodeAscii(in, end, to);
+            isWide && end - in >= 32 ? utf8::encodeWide(in, end, to) : utf8::encodeShort(in, end, to);
         in = run.in;
         to = run.out;
         const wchar_t* const runEnd = end - in > 32 ? in + 32 : end;

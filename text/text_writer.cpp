@@ -31,27 +31,33 @@ class EncodedFile {
     bool put(WideView text) {
         if (form_.kind == Kind::kSystemPage) return putSystemPage(text);
         std::size_t size = putMark();
-        do {
-            const WideView part = nextPart(text);
+        while (!text.empty()) {
+            // The buffer is sure to hold three bytes a character, but most texts need little more than one: fill it up.
+            const WideView part = nextPart(text, charactersIn(capacity() - size));
             text.remove_prefix(part.size());
             size += encode(part, buffer() + size);
-            if (!writeBytes(buffer(), size)) return false;
-            size = 0;
-        } while (!text.empty());
-        return true;
+            if (!text.empty() && charactersIn(capacity() - size) < kFewCharacters) {
+                if (!writeBytes(buffer(), size)) return false;
+                size = 0;
+            }
+        }
+        return writeBytes(buffer(), size);
     }
 
   private:
     static constexpr std::size_t kWindow = 256 * 1024;
     static constexpr std::size_t kLongestMark = 3;
+    static constexpr std::size_t kFewCharacters = 4096;
 
-    static constexpr std::size_t charactersIn(std::size_t bytes) { return (bytes - kLongestMark - kUtf8Slack) / 3; }
+    static constexpr std::size_t charactersIn(std::size_t bytes) {
+        constexpr std::size_t kReserved = kLongestMark + kUtf8Slack;
+        return bytes > kReserved ? (bytes - kReserved) / 3 : 0;
+    }
     char* buffer() { return block_.data() != nullptr ? block_.data() : small_.data(); }
     std::size_t capacity() const { return block_.data() != nullptr ? kWindow : small_.size(); }
 
-    /// As much as surely fits, without parting a surrogate pair.
-    WideView nextPart(WideView text) const {
-        const std::size_t room = charactersIn(capacity());
+    /// So many characters, or one less where that would part a surrogate pair.
+    static WideView nextPart(WideView text, std::size_t room) {
         if (text.size() <= room) return text;
         const bool partsPair = (text[room - 1] & 0xFC00) == 0xD800;
         return text.substr(0, partsPair ? room - 1 : room);
