@@ -19,6 +19,7 @@ int run(const std::vector<std::string>& words) {
     app.require_subcommand(1);
     app.set_help_all_flag("--help-all", "Help for every command");
     orvtool::Outcome outcome;
+    orvtool::addTextCommands(app, outcome);
     orvtool::addRecordCommands(app, outcome);
     try {
         app.parse(std::vector<std::string>(words.rbegin(), words.rend()));  // the parser takes them last first

@@ -115,6 +115,7 @@ CString readInput(const TextWords& words) {
         isRead = orvStrUtil::readStringBufferFromFile(text, wide(words.in), page, words.isScrambled);
     }
     if (!isRead) throw Failure{words.in + ": cannot be read"};
+    if (text.IsEmpty() && info.characters != 0) throw Failure{words.in + ": cannot be read twice (is it a pipe?)"};
     // Bytes that Windows-1252 leaves open come through as controls; the others would be lost.
     if (info.hasMark && info.undecodable != 0) {
         throw Failure{words.in + ": byte " + std::to_string(info.firstUndecodable) + " is no " + nameOf(info.encoding)};
@@ -140,8 +141,8 @@ void convert(const TextWords& words) {
     while (same < text.GetLength() && same < back.GetLength() && text[same] == back[same])
         ++same;
     if (same < text.GetLength() || same < back.GetLength()) {
-        throw Failure{words.in + ": " + placeOf(text, same) + " does not come back from " + words.to + " (" + words.out +
-                      " was written with a stand-in)"};
+        throw Failure{words.in + ": " + placeOf(text, same) + " does not come back from " + words.to + " (" +
+                      words.out + " was written with a stand-in)"};
     }
 }
 
