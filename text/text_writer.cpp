@@ -37,8 +37,11 @@ class EncodedFile {
             text.remove_prefix(part.size());
             size += encode(part, buffer() + size);
             if (!text.empty() && charactersIn(capacity() - size) < kFewCharacters) {
-                if (!writeBytes(buffer(), size)) return false;
-                size = 0;
+                // Whole pages only, so that the system never has to complete one.
+                const std::size_t whole = size / kPage * kPage;
+                if (!writeBytes(buffer(), whole)) return false;
+                std::memmove(buffer(), buffer() + whole, size - whole);
+                size -= whole;
             }
         }
         return writeBytes(buffer(), size);
@@ -48,6 +51,7 @@ class EncodedFile {
     static constexpr std::size_t kWindow = 256 * 1024;
     static constexpr std::size_t kLongestMark = 3;
     static constexpr std::size_t kFewCharacters = 4096;
+    static constexpr std::size_t kPage = 4096;
 
     static constexpr std::size_t charactersIn(std::size_t bytes) {
         constexpr std::size_t kReserved = kLongestMark + kUtf8Slack;
