@@ -1,4 +1,6 @@
 #include <charconv>
+#include <cmath>
+#include <limits>
 
 #include "orv/string_utilities.h"
 
@@ -14,6 +16,7 @@ constexpr int kMostBefore = 311;
 CString StringUtils::DoubleToString(double value, int decimals, bool commaDecimal) {
     const bool strip = decimals <= 0;
     if (strip) decimals = 6;
+    if (std::isnan(value)) value = std::numeric_limits<double>::quiet_NaN();  // written without a sign
     if (decimals > kMostDecimals) decimals = kMostDecimals;
     char digits[kMostBefore + kMostDecimals];
     const char* end = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed, decimals).ptr;

@@ -152,6 +152,7 @@ TEST(DoubleText, Rows) {
         {1e20, 1, true, L"100000000000000000000,0"},
         {std::numeric_limits<double>::infinity(), 0, false, L"inf"},
         {-std::numeric_limits<double>::infinity(), 3, true, L"-inf"},
+        {std::copysign(std::numeric_limits<double>::quiet_NaN(), -1.0), 2, true, L"nan"},
     };
     for (const auto& row : rows)
         EXPECT_TEXT(row.expected, StringUtils::DoubleToString(row.value, row.decimals, row.comma));
@@ -169,6 +170,42 @@ TEST(DoubleText, ExtremeValuesAndDecimals) {
     EXPECT_TEXT(L"0,000", smallest.Left(5));
     EXPECT_TEXT(L"625", smallest.Right(3));
     EXPECT_EQ(310 + 1075, StringUtils::DoubleToString(-kLargest, std::numeric_limits<int>::max(), false).GetLength());
+}
+
+TEST(StandardText, Trim) {
+    const struct {
+        const wchar_t* text;
+        const wchar_t* left;
+        const wchar_t* right;
+        const wchar_t* both;
+    } rows[] = {
+        {L" \t\n\v\f\ra b\r\f ", L"a b\r\f ", L" \t\n\v\f\ra b", L"a b"},
+        {L"\u00A0a\u2003", L"\u00A0a\u2003", L"\u00A0a\u2003", L"\u00A0a\u2003"},  // no spaces of ASCII
+        {L"  ", L"", L"", L""},
+        {L"", L"", L"", L""},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(utf8(row.text));
+        const orv::WideString text = row.text;
+        EXPECT_TEXT(row.left, orvStdStrUtil::trimLeft(text).c_str());
+        EXPECT_TEXT(row.right, orvStdStrUtil::trimRight(text).c_str());
+        EXPECT_TEXT(row.both, orvStdStrUtil::trim(text).c_str());
+    }
+}
+
+TEST(StandardText, ReplaceAll) {
+    const struct {
+        const wchar_t* text;
+        const wchar_t* from;
+        const wchar_t* to;
+        const wchar_t* expected;
+    } rows[] = {
+        {L"aXbX", L"X", L"--", L"a--b--"}, {L"aa", L"a", L"aa", L"aaaa"}, {L"aaa", L"aa", L"b", L"ba"},
+        {L"abc", L"", L"x", L"abc"},       {L"ABab", L"ab", L"", L"AB"},  {L"", L"a", L"b", L""},
+    };
+    for (const auto& row : rows) {
+        EXPECT_TEXT(row.expected, orvStdStrUtil::replaceAll(orv::WideString(row.text), row.from, row.to).c_str());
+    }
 }
 
 TEST(DecoratedNames, Rows) {

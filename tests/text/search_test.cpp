@@ -211,6 +211,8 @@ TEST(CaselessReplace, Rows) {
     }
     EXPECT_TEXT(L"a-b", orvStrUtil::GetReplacedText(L"axb", L"x", L"-", true));
     EXPECT_TEXT(L"aXb", orvStrUtil::GetReplacedText(L"aXb", L"x", L"-", true));
+    EXPECT_TEXT(L"ab", orvStrUtil::GetReplacedText(L"axb", L"x", nullptr, true));
+    EXPECT_TEXT(L"axb", orvStrUtil::GetReplacedText(L"axb", nullptr, L"-", true));
 }
 
 TEST(CaselessReplace, ManyMatchesAndPartsOfTheTextItself) {
