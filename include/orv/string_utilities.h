@@ -55,7 +55,10 @@ class ORV_API orvStrUtil {
     static int CompareAlphaNumerical(const CString& a, const CString& b);
 
     // ---- Wildcards ----
-    /// "*" stands for any run of characters, "?" for one.
+    /// "*" stands for a run of characters, "?" for one. Behind a "*" the next character of the pattern is looked for
+    /// once and the text never goes back, so that some patterns match less than in orv::globMatch:
+    ///   ("abc", "a*c") => true     ("abc", "a?") => false     ("a.txt.txt", "*.txt") => false     ("ab", "*?") =>
+    ///   false
     static bool MatchesWildcardPattern(const wchar_t* text, const wchar_t* pattern, bool caseSensitive);
     /// Copies `text` into `subject` (null: `subject` stays) and matches that. Ignoring case, the subject is left folded
     /// to lower case unless `keepSubject`.
@@ -131,7 +134,8 @@ ORV_API bool substr(const wchar_t* text, int n, wchar_t separator, wchar_t* out)
 
 namespace StringUtils {
 
-/// Fixed notation; with `decimals` <= 0 six decimals without trailing zeros (and without a trailing point).
+/// Fixed notation; with `decimals` <= 0 six decimals without trailing zeros (and without a trailing point). More than
+/// 1074 decimals count as 1074: no double has more. "inf", "-inf" and "nan" for what is no finite number.
 ///   (2.5, 0, false) => "2.5"     (3.0, 0, false) => "3"     (1.25, 2, true) => "1,25"
 ORV_API CString DoubleToString(double value, int decimals, bool commaDecimal);
 
@@ -196,7 +200,8 @@ ORV_API CString convertUtf8ToUnicode(std::string text);
 
 namespace orv {
 
-/// A true wildcard match: `*.txt` matches a.txt.txt. Folding is Unicode's. For several threads at once.
+/// A true wildcard match: `*.txt` matches a.txt.txt. "?" stands for one 16-bit unit. Folding is Unicode's. For several
+/// threads at once. Takes at worst the length of the text times that of the pattern.
 ORV_API bool globMatch(WideView text, WideView pattern, bool caseSensitive);
 
 /// Natural order: runs of digits compare as numbers of any length, all else by character; a strict weak order, so that

@@ -21,6 +21,7 @@ int run(const std::vector<std::string>& words) {
     orvtool::Outcome outcome;
     orvtool::addTextCommands(app, outcome);
     orvtool::addRecordCommands(app, outcome);
+    orvtool::addMatchCommands(app, outcome);
     try {
         app.parse(std::vector<std::string>(words.rbegin(), words.rend()));  // the parser takes them last first
     } catch (const CLI::ParseError& error) {
