@@ -23,7 +23,8 @@ const std::vector<std::string>& fields() {
         for (std::size_t i = 0; i < kFields; ++i) {
             std::string field = bench::name(random);
             field.resize(std::min<std::size_t>(field.size(), 10 + random() % 16));
-            while (static_cast<unsigned char>(field.back()) >= 0x80) field.pop_back();  // no half character
+            while (static_cast<unsigned char>(field.back()) >= 0x80)
+                field.pop_back();  // no half character
             if (random() % 64 == 0) field += ':';
             made.push_back(field);
         }
@@ -34,14 +35,16 @@ const std::vector<std::string>& fields() {
 
 std::vector<CString> wideFields() {
     std::vector<CString> all;
-    for (const std::string& field : fields()) all.push_back(orvStdStrUtil::convertUtf8ToUnicode(field));
+    for (const std::string& field : fields())
+        all.push_back(orvStdStrUtil::convertUtf8ToUnicode(field));
     return all;
 }
 
 CString record() {
     COrvSubStr writer;
     writer.AddInit(L':');
-    for (const CString& field : wideFields()) writer.Add(field.GetString());
+    for (const CString& field : wideFields())
+        writer.Add(field.GetString());
     CString made;
     writer.AddEnd(made);
     return made;
@@ -58,7 +61,8 @@ void writeOrv(benchmark::State& state) {
     for (auto _ : state) {
         COrvSubStr writer;
         writer.AddInit(L':');
-        for (const CString& field : all) writer.Add(field.GetString());
+        for (const CString& field : all)
+            writer.Add(field.GetString());
         CString made;
         writer.AddEnd(made);
         benchmark::DoNotOptimize(made.GetString());
@@ -84,7 +88,8 @@ void readOrv(benchmark::State& state) {
         COrvSubStr reader;
         CString field;
         std::size_t n = 1;
-        for (reader.GetInit(text, L':'); reader.Get(field); ++n) benchmark::DoNotOptimize(field.GetString());
+        for (reader.GetInit(text, L':'); reader.Get(field); ++n)
+            benchmark::DoNotOptimize(field.GetString());
         if (n != kFields) state.SkipWithError("wrong number of fields");
     }
     count(state, kFields);
@@ -93,7 +98,8 @@ BENCHMARK(readOrv)->Name("record-read/20000-fields/orv");
 
 void readSimdjson(benchmark::State& state) {
     std::string json = "[";
-    for (const std::string& field : fields()) json += (json.size() > 1 ? ",\"" : "\"") + field + "\"";
+    for (const std::string& field : fields())
+        json += (json.size() > 1 ? ",\"" : "\"") + field + "\"";
     const simdjson::padded_string padded(json + "]");
     simdjson::ondemand::parser parser;
     for (auto _ : state) {
@@ -113,7 +119,9 @@ BENCHMARK(readSimdjson)->Name("record-read/20000-fields/simdjson-on-demand");
 // ---- One field of twelve ----
 
 constexpr const wchar_t* kShort =
-    L"Heizk\x00F6rper S\x00FC" L"d:12:0.5:K\x00FC" L"che:2345.50:1:0::Vorlauf 70:55:20:Typ 22";
+    L"Heizk\x00F6rper S\x00FC"
+    L"d:12:0.5:K\x00FC"
+    L"che:2345.50:1:0::Vorlauf 70:55:20:Typ 22";
 
 void oneFieldOrv(benchmark::State& state) {
     const CString text(kShort);

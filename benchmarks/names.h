@@ -20,13 +20,36 @@ inline const bool kWarmHeap = [] {
 
 /// About 25 characters of UTF-8, such as "Rückschlagklappe Süd 1234".
 inline std::string name(std::mt19937& random) {
-    static const char* const kWords[] = {
-        "Heizkörper",      "Wärmepumpe",      "Lüftungskanal",     "Rückschlagklappe", "Fußbodenheizung",
-        "Pufferspeicher",  "Drosselklappe",   "Zirkulationspumpe", "Ausdehnungsgefäß", "Schmutzfänger",
-        "Gaszähler",       "Übergabestation", "Kälteträger",       "Rohrleitung",      "Thermostatkopf",
-        "Kugelhahn",       "Vorlauf",         "Rücklauf",          "Dachgeschoss",     "Küche",
-        "Büro",            "Bad",             "Flur",              "Süd",              "Nord",
-        "Außenwand",       "Tür",             "Fenster",           "Schacht",          "Zuluft"};
+    static const char* const kWords[] = {"Heizkörper",
+                                         "Wärmepumpe",
+                                         "Lüftungskanal",
+                                         "Rückschlagklappe",
+                                         "Fußbodenheizung",
+                                         "Pufferspeicher",
+                                         "Drosselklappe",
+                                         "Zirkulationspumpe",
+                                         "Ausdehnungsgefäß",
+                                         "Schmutzfänger",
+                                         "Gaszähler",
+                                         "Übergabestation",
+                                         "Kälteträger",
+                                         "Rohrleitung",
+                                         "Thermostatkopf",
+                                         "Kugelhahn",
+                                         "Vorlauf",
+                                         "Rücklauf",
+                                         "Dachgeschoss",
+                                         "Küche",
+                                         "Büro",
+                                         "Bad",
+                                         "Flur",
+                                         "Süd",
+                                         "Nord",
+                                         "Außenwand",
+                                         "Tür",
+                                         "Fenster",
+                                         "Schacht",
+                                         "Zuluft"};
     const auto word = [&] { return std::string(kWords[random() % std::size(kWords)]); };
     const std::string first = word();
     return first + " " + word() + " " + std::to_string(random() % 10000);

@@ -70,17 +70,11 @@ unsigned CFile::Read(void* buffer, unsigned count) {
     return got > 0 ? static_cast<unsigned>(got) : 0;
 }
 
-bool CFile::Write(const void* buffer, unsigned count) {
-    return Borrowed(handle_)->write(buffer, count);
-}
+bool CFile::Write(const void* buffer, unsigned count) { return Borrowed(handle_)->write(buffer, count); }
 
-bool CFile::Flush() {
-    return Borrowed(handle_)->flush();
-}
+bool CFile::Flush() { return Borrowed(handle_)->flush(); }
 
-std::int64_t CFile::Seek(std::int64_t offset, unsigned from) {
-    return Borrowed(handle_)->seek(offset, from);
-}
+std::int64_t CFile::Seek(std::int64_t offset, unsigned from) { return Borrowed(handle_)->seek(offset, from); }
 
 std::uint64_t CFile::GetPosition() const {
     const std::int64_t position = Borrowed(handle_)->seek(0, current);

@@ -11,9 +11,7 @@ constinit std::atomic<MessagePresenter> hostPresenter{nullptr};
 
 }  // namespace
 
-MessagePresenter setMessagePresenter(MessagePresenter presenter) {
-    return hostPresenter.exchange(presenter);
-}
+MessagePresenter setMessagePresenter(MessagePresenter presenter) { return hostPresenter.exchange(presenter); }
 
 void showMessage(MessageKind kind, const wchar_t* title, const wchar_t* text) {
     const MessagePresenter chosen = hostPresenter.load();

@@ -29,9 +29,7 @@ std::uint32_t tickCount() {
     return static_cast<std::uint32_t>(now.tv_sec * 1000 + now.tv_nsec / 1'000'000);
 }
 
-std::int64_t unixTime() {
-    return time(nullptr);
-}
+std::int64_t unixTime() { return time(nullptr); }
 
 CalendarTime localTimeNow() {
     timespec now{};

@@ -84,9 +84,7 @@ void append(WideString& out, const char* bytes, std::size_t count) {
     std::memcpy(out.data() + before, bytes, count);
 }
 
-void append(std::string& out, const char* bytes, std::size_t count) {
-    out.append(bytes, count);
-}
+void append(std::string& out, const char* bytes, std::size_t count) { out.append(bytes, count); }
 
 /// Converts all of `from`; whatever cannot be converted is handed to `replace`, which consumes it and appends.
 template <class Out, class Replace>
@@ -113,13 +111,9 @@ void convertAll(Converter& converter, const char* bytes, std::size_t count, Out&
 
 }  // namespace
 
-unsigned ansiCodePage() {
-    return kUtf8Page;
-}
+unsigned ansiCodePage() { return kUtf8Page; }
 
-unsigned oemCodePage() {
-    return kWesternOemPage;
-}
+unsigned oemCodePage() { return kWesternOemPage; }
 
 bool knowsCodePage(unsigned page) {
     const std::string name = nameOf(meantPage(page));

@@ -13,9 +13,7 @@
 namespace orv::platform {
 namespace {
 
-int descriptor(std::intptr_t handle) {
-    return static_cast<int>(handle);
-}
+int descriptor(std::intptr_t handle) { return static_cast<int>(handle); }
 
 int openDescriptor(const wchar_t* path, int flags) {
     const std::string narrow = wideToUtf8(path);
@@ -35,9 +33,7 @@ File& File::operator=(File&& other) noexcept {
     return *this;
 }
 
-File::~File() {
-    close();
-}
+File::~File() { close(); }
 
 // Share is left aside: this system has no mandatory locks.
 bool File::open(const wchar_t* path, Access access, Creation creation, Share /*share*/) {
@@ -89,9 +85,7 @@ bool File::write(const void* bytes, std::size_t count) {
     return isOpen();
 }
 
-bool File::flush() {
-    return ::fsync(descriptor(handle_)) == 0;
-}
+bool File::flush() { return ::fsync(descriptor(handle_)) == 0; }
 
 std::int64_t File::seek(std::int64_t offset, unsigned from) {
     constexpr int kFrom[] = {SEEK_SET, SEEK_CUR, SEEK_END};
@@ -103,9 +97,7 @@ std::int64_t File::size() const {
     return ::fstat(descriptor(handle_), &status) == 0 ? status.st_size : -1;
 }
 
-std::intptr_t File::release() noexcept {
-    return std::exchange(handle_, kNone);
-}
+std::intptr_t File::release() noexcept { return std::exchange(handle_, kNone); }
 
 File File::adopt(std::intptr_t handle) noexcept {
     File file;

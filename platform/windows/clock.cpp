@@ -6,13 +6,9 @@
 
 namespace orv::platform {
 
-std::uint32_t tickCount() {
-    return GetTickCount();
-}
+std::uint32_t tickCount() { return GetTickCount(); }
 
-std::int64_t unixTime() {
-    return _time64(nullptr);
-}
+std::int64_t unixTime() { return _time64(nullptr); }
 
 CalendarTime localTimeNow() {
     SYSTEMTIME now;
@@ -44,8 +40,6 @@ std::int64_t unixTimeOf(const CalendarTime& local, int daylightSaving) {
     return _mktime64(&parts);
 }
 
-void sleepMilliseconds(unsigned milliseconds) {
-    Sleep(milliseconds);
-}
+void sleepMilliseconds(unsigned milliseconds) { Sleep(milliseconds); }
 
 }  // namespace orv::platform

@@ -20,13 +20,9 @@ int toBytes(unsigned page, WideView text, char* out, int room) {
 
 }  // namespace
 
-unsigned ansiCodePage() {
-    return GetACP();
-}
+unsigned ansiCodePage() { return GetACP(); }
 
-unsigned oemCodePage() {
-    return GetOEMCP();
-}
+unsigned oemCodePage() { return GetOEMCP(); }
 
 bool knowsCodePage(unsigned page) {
     wchar_t character = 0;

@@ -12,13 +12,9 @@ namespace {
 constexpr unsigned kRetryMilliseconds = 100;
 constexpr std::size_t kLargestTransfer = 1U << 30;  // the system counts in 32 bits
 
-HANDLE asHandle(std::intptr_t handle) {
-    return reinterpret_cast<HANDLE>(handle);
-}
+HANDLE asHandle(std::intptr_t handle) { return reinterpret_cast<HANDLE>(handle); }
 
-std::intptr_t asNumber(HANDLE handle) {
-    return reinterpret_cast<std::intptr_t>(handle);
-}
+std::intptr_t asNumber(HANDLE handle) { return reinterpret_cast<std::intptr_t>(handle); }
 
 static_assert(sizeof(std::intptr_t) == sizeof(HANDLE));
 
@@ -36,9 +32,7 @@ File& File::operator=(File&& other) noexcept {
     return *this;
 }
 
-File::~File() {
-    close();
-}
+File::~File() { close(); }
 
 bool File::open(const wchar_t* path, Access access, Creation creation, Share share) {
     close();
@@ -96,9 +90,7 @@ bool File::write(const void* bytes, std::size_t count) {
     return isOpen();
 }
 
-bool File::flush() {
-    return FlushFileBuffers(asHandle(handle_)) != 0;
-}
+bool File::flush() { return FlushFileBuffers(asHandle(handle_)) != 0; }
 
 std::int64_t File::seek(std::int64_t offset, unsigned from) {
     constexpr DWORD kFrom[] = {FILE_BEGIN, FILE_CURRENT, FILE_END};
@@ -115,9 +107,7 @@ std::int64_t File::size() const {
     return GetFileSizeEx(asHandle(handle_), &size) != 0 ? size.QuadPart : -1;
 }
 
-std::intptr_t File::release() noexcept {
-    return std::exchange(handle_, kNone);
-}
+std::intptr_t File::release() noexcept { return std::exchange(handle_, kNone); }
 
 File File::adopt(std::intptr_t handle) noexcept {
     File file;

@@ -1,4 +1,3 @@
 // Every header twice in one file, in either order.
 #include "all_headers.inc"
 #include "orv/orv.h"
-#include "all_headers.inc"

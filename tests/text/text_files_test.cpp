@@ -277,10 +277,16 @@ TEST_F(TextFiles, UnicodeFilesShowByTheirFirstThreeBytes) {
         bool isScrambled;
     };
     const Row rows[] = {
-        {"", false, false},        {"FF FE", false, false},                              // too short
-        {"FF FE 00", true, false}, {"FE FF 00", true, false}, {"EF BB BF", true, true},  // a plain mark counts for
-                                                                                         // scrambled files too
-        {"F2 BE C2", false, true}, {"02 01 00", false, true}, {"01 02 00", false, true}, {"02 01", false, false},
+        {"", false, false},
+        {"FF FE", false, false},  // too short
+        {"FF FE 00", true, false},
+        {"FE FF 00", true, false},
+        {"EF BB BF", true, true},  // a plain mark counts for
+                                   // scrambled files too
+        {"F2 BE C2", false, true},
+        {"02 01 00", false, true},
+        {"01 02 00", false, true},
+        {"02 01", false, false},
         {"'abc'", false, false},
     };
     for (const Row& row : rows) {
