@@ -12,8 +12,8 @@
 
 namespace orvRandom {
 
-/// Where the numbers come from.
-enum enRandom {
+/// Where the numbers come from. Other values have a meaning too: see the functions.
+enum enRandom : int {
     eMersenneTwister = 0,  // a Mersenne Twister made for the call and seeded from the system's random device: the
                            // 32-bit engine for integers, the 64-bit one for doubles
     eRandomDevice = 1      // the system's non-deterministic random device itself

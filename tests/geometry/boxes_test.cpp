@@ -5,6 +5,7 @@
 
 #include "near.h"
 #include "orv/matrices.h"
+#include "random_bits.h"
 
 namespace {
 
@@ -172,7 +173,7 @@ TEST(Extents, LinesThroughTheUnitBox) {
 }
 
 TEST(Extents, EveryBitIsThatOfTheStatedSteps) {
-    std::mt19937 random(11);
+    Random random(11);
     std::uniform_real_distribution<double> number(-10, 10);
     const auto any = [&] { return number(random); };
     int hits = 0;
@@ -190,7 +191,7 @@ TEST(Extents, EveryBitIsThatOfTheStatedSteps) {
 // All combinations of a few telling numbers: corners, edges, flat and inverted boxes, no direction, zeros of both
 // signs, numbers whose products over- or underflow, and what is no number.
 TEST(Extents, EveryBitOnDegenerateLinesAndBoxes) {
-    std::mt19937 random(12);
+    Random random(12);
     const std::vector<double> sides = {0.0,  -0.0,  1.0,    -1.0,  0.5,    1e-10,     2e-10,       3.0,
                                        -3.0, 1e160, 1e-160, kHuge, -kHuge, kInfinity, std::nan("")};
     const auto plain = [&] { return sides[random() % 9]; };

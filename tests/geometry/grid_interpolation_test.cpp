@@ -6,6 +6,7 @@
 
 #include "near.h"
 #include "orv/interpolation.h"
+#include "random_bits.h"
 #include "slow_table.h"
 
 namespace {
@@ -162,7 +163,7 @@ TEST(Grid, ViewsFollowTheBufferAndCopiesDoNot) {
 }
 
 TEST(Grid, AgreesWithTheDefinitionToTheLastBit) {
-    std::mt19937 random(31);
+    Random random(31);
     const auto unit = [&] { return static_cast<double>(random() % 1000 + 1) / 1000; };
     for (const auto& [rows, cols] : {std::pair{2U, 2U}, {3U, 8U}, {8U, 9U}, {9U, 3U}, {40U, 30U}}) {
         for (int directions = 0; directions < 4; ++directions) {

