@@ -24,9 +24,7 @@ int ComplexMatrix::isNull() const noexcept {
     return 1;
 }
 
-void ComplexMatrix::watchMatrixEntries() const {
-    watchMatrixEntries(*this);
-}
+void ComplexMatrix::watchMatrixEntries() const { watchMatrixEntries(*this); }
 
 void ComplexMatrix::watchMatrixEntries(const ComplexMatrix& matrix) {
     [[maybe_unused]] const CString text = orv::matrixEntriesText(matrix);

@@ -52,13 +52,9 @@ CLinearInterpolation::Point& CLinearInterpolation::pointToSet(int i, const Point
     return points_.emplace_back(appended);
 }
 
-void CLinearInterpolation::SetAtXArray(int i, double x) {
-    pointToSet(i, {x, 0.0}).x = x;
-}
+void CLinearInterpolation::SetAtXArray(int i, double x) { pointToSet(i, {x, 0.0}).x = x; }
 
-void CLinearInterpolation::SetAtYArray(int i, double y) {
-    pointToSet(i, {0.0, y}).y = y;
-}
+void CLinearInterpolation::SetAtYArray(int i, double y) { pointToSet(i, {0.0, y}).y = y; }
 
 void CLinearInterpolation::changeXandY() noexcept {
     changed();

@@ -3,15 +3,15 @@
 
 #include "orv/geometry/lines_planes_boxes.h"
 
-orvBasePoint3d orvBaseLine3d::intersectsWithLine(orvBaseLine3d other) const noexcept {
+orvBasePoint3d orvBaseLine3d::meeting(const orvBaseLine3d& first, const orvBaseLine3d& second) noexcept {
     // The shortest segment between two lines that are each given by two points. The second point stands 1000 directions
     // away, which decides how the tolerances below act on short and long directions.
     constexpr double kSecondPoint = 1000.0;
-    const orvBasePoint3d p1 = origin;
-    const orvBasePoint3d p3 = other.origin;
-    const orvBaseVector3d d43 = other.getPointOnLine(kSecondPoint) - p3;
+    const orvBasePoint3d p1 = first.origin;
+    const orvBasePoint3d p3 = second.origin;
+    const orvBaseVector3d d43 = second.getPointOnLine(kSecondPoint) - p3;
     if (d43.isZero()) return orvBasePoint3d::kZero;
-    const orvBaseVector3d d21 = getPointOnLine(kSecondPoint) - p1;
+    const orvBaseVector3d d21 = first.getPointOnLine(kSecondPoint) - p1;
     if (d21.isZero()) return orvBasePoint3d::kZero;
     const orvBaseVector3d d13 = p1 - p3;
     const double a = d13.getDotProduct(d43);
@@ -25,7 +25,8 @@ orvBasePoint3d orvBaseLine3d::intersectsWithLine(orvBaseLine3d other) const noex
     const double mub = (a + b * mua) / e;
     const orvBasePoint3d pa = p1 + d21 * mua;
     const orvBasePoint3d pb = p3 + d43 * mub;
-    return pa.isEqualTo(pb, orv::kGeometryTolerance) ? pa : orvBasePoint3d::kZero;
+    if (!pa.isEqualTo(pb, orv::kGeometryTolerance)) return orvBasePoint3d::kZero;
+    return pa;
 }
 
 namespace orv {

@@ -4,9 +4,7 @@ namespace {
 
 constexpr double kPi = 3.141592653589793;
 
-double radians(double degrees) {
-    return (degrees + degrees) * kPi / 360;
-}
+double radians(double degrees) { return (degrees + degrees) * kPi / 360; }
 
 }  // namespace
 

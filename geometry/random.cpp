@@ -8,12 +8,8 @@ namespace {
 using orvRandom::enRandom;
 
 // The engine for a kind of number, seeded with one value from the device.
-std::mt19937 engineFor(int /*kind*/, std::random_device& device) {
-    return std::mt19937(device());
-}
-std::mt19937_64 engineFor(double /*kind*/, std::random_device& device) {
-    return std::mt19937_64(device());
-}
+std::mt19937 engineFor(int /*kind*/, std::random_device& device) { return std::mt19937(device()); }
+std::mt19937_64 engineFor(double /*kind*/, std::random_device& device) { return std::mt19937_64(device()); }
 
 template <class Source>
 void fill(std::span<int> values, int low, int high, Source& source) {
@@ -39,9 +35,7 @@ void fillFrom(std::span<Number> values, Number low, Number high, enRandom source
     }
 }
 
-bool isSource(enRandom source) {
-    return source == orvRandom::eMersenneTwister || source == orvRandom::eRandomDevice;
-}
+bool isSource(enRandom source) { return source == orvRandom::eMersenneTwister || source == orvRandom::eRandomDevice; }
 
 template <class Number>
 void fillPointer(Number*& values, int count, Number low, Number high, enRandom source) {

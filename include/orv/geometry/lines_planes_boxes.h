@@ -32,7 +32,10 @@ class orvBaseLine3d {
     // ODDITY(no-meeting-is-origin): parallel and skew lines, and lines without direction, "meet" in (0, 0, 0), which
     // cannot be told from a meeting there. orv::relateLines tells. Pinned by Line.NoMeetingIsTheOrigin.
     /// The point where both lines meet within 1e-10, else (0, 0, 0).
-    ORV_API orvBasePoint3d intersectsWithLine(orvBaseLine3d other) const noexcept;
+    orvBasePoint3d intersectsWithLine(orvBaseLine3d other) const noexcept { return meeting(*this, other); }
+
+  private:
+    ORV_API static orvBasePoint3d meeting(const orvBaseLine3d& first, const orvBaseLine3d& second) noexcept;
 };
 
 /// The plane origin + a * uAxis + b * vAxis. The axes need be neither of unit length nor perpendicular.
