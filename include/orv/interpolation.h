@@ -13,6 +13,7 @@
 //   with the logarithm of their number at worst.
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -104,7 +105,18 @@ class ORV_API CLinearInterpolation {
     ///   (0, 0), (10, 100): (5, false) => 50     (20, false) => 100     (20, true) => 200     (-10, true) => -100
     // ODDITY(one-point-table): a table of one point is constant when it may not extrapolate and unusable when it may.
     // Pinned by LinearTable.OnePointIsAConstantOnlyWithoutExtrapolation.
-    double GetY(double x, bool extrapolate) const;
+    double GetY(double x, bool extrapolate) const {
+        // Most callers go along a curve: look into the segment of an earlier look-up first, its later end included.
+        const std::uint32_t end = lastEnd_.load(std::memory_order_relaxed);
+        if (end != 0) {
+            const Point& p1 = points_[end - 1];
+            const Point& p2 = points_[end];
+            // Both comparisons at once: one alone is a toss-up for scattered arguments.
+            const bool within = p1.x < p2.x ? bool((p1.x < x) & (x <= p2.x)) : bool((p1.x > x) & (x >= p2.x));
+            if (within) return onSegment(p1, p2, x);
+        }
+        return searchY(x, extrapolate);
+    }
 
     /// Checks the axis and makes the search index now.
     orv::TableCheck prepare() const;
@@ -122,13 +134,23 @@ class ORV_API CLinearInterpolation {
     // What is known of the points. Every change makes it kUnknown; a look-up finds out.
     enum class State : std::uint8_t { kUnknown, kUsable, kUnusable };
 
-    void changed() noexcept { state_ = State::kUnknown; }
+    void changed() noexcept {
+        state_ = State::kUnknown;
+        lastEnd_.store(0, std::memory_order_relaxed);
+    }
+    static double onSegment(const Point& p1, const Point& p2, double x) noexcept {
+        const double t = (x - p1.x) / (p2.x - p1.x);
+        return p2.y * t + (1.0 - t) * p1.y;
+    }
+    void remember(std::size_t end, double x) const noexcept;
+    double searchY(double x, bool extrapolate) const;
     Point& pointToSet(int i, const Point& appended);
-    double valueAt(const orv::AxisIndex& axis, double x, bool extrapolate) const noexcept;
 
     std::vector<Point> points_;
     mutable std::unique_ptr<orv::AxisIndex> axis_;
     mutable State state_ = State::kUnknown;
+    // Where the segment of an earlier look-up ends; 0 for none, and always while the table is not known to be usable.
+    mutable std::atomic<std::uint32_t> lastEnd_{0};
 };
 
 /// A function of x and y on a grid.

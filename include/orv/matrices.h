@@ -8,8 +8,11 @@
 // - Different objects may be used from different threads.
 #pragma once
 
+#include <emmintrin.h>
+
 #include <complex>
 #include <optional>
+#include <type_traits>
 
 #include "orv/export.h"
 #include "orv/framework/string.h"
@@ -102,6 +105,10 @@ class orvBaseMatrix4d {
     /// this * b.
     constexpr orvBaseMatrix4d operator*(const orvBaseMatrix4d& b) const noexcept {
         orvBaseMatrix4d product(Unset{});
+        if (!std::is_constant_evaluated()) {
+            multiply(m, b.m, product.m);
+            return product;
+        }
         for (int r = 0; r < 4; ++r) {
             for (int c = 0; c < 4; ++c) {
                 product.m[r][c] = m[r][0] * b.m[0][c] + m[r][1] * b.m[1][c] + m[r][2] * b.m[2][c] + m[r][3] * b.m[3][c];
@@ -167,6 +174,23 @@ class orvBaseMatrix4d {
     }
 
   private:
+    // Two columns at a time, each sum in the order of the columns of a.
+    static void multiply(const double (&a)[4][4], const double (&b)[4][4], double (&product)[4][4]) noexcept {
+        for (int c = 0; c < 4; c += 2) {
+            const __m128d b0 = _mm_loadu_pd(&b[0][c]);
+            const __m128d b1 = _mm_loadu_pd(&b[1][c]);
+            const __m128d b2 = _mm_loadu_pd(&b[2][c]);
+            const __m128d b3 = _mm_loadu_pd(&b[3][c]);
+            for (int r = 0; r < 4; ++r) {
+                __m128d sum = _mm_mul_pd(_mm_set1_pd(a[r][0]), b0);
+                sum = _mm_add_pd(sum, _mm_mul_pd(_mm_set1_pd(a[r][1]), b1));
+                sum = _mm_add_pd(sum, _mm_mul_pd(_mm_set1_pd(a[r][2]), b2));
+                sum = _mm_add_pd(sum, _mm_mul_pd(_mm_set1_pd(a[r][3]), b3));
+                _mm_storeu_pd(&product[r][c], sum);
+            }
+        }
+    }
+
     struct Unset {};
     constexpr explicit orvBaseMatrix4d(Unset) noexcept {}
 
