@@ -1,6 +1,6 @@
 // Geometry, matrices and interpolation tables beside Eigen, GLM, CGAL, GSL, ALGLIB and the standard library.
 //
-// Named operation/who[/size/order]; the library is "orv". 1000 random inputs a pass; times are per operation.
+// Named operation[/size[/order]]/who; the library is "orv". 1000 random inputs a pass; times are per operation.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -56,10 +56,8 @@ void keep(T&& value) {
     benchmark::DoNotOptimize(value);
 }
 
-// Reports the time of one operation when a pass has `count` of them.
 void countEach(benchmark::State& state, std::size_t count) {
-    state.counters["each"] = benchmark::Counter(
-        static_cast<double>(count), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+    state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()) * static_cast<std::int64_t>(count));
 }
 
 // Runs `operation` on each input.
@@ -150,8 +148,8 @@ void addEigen() {
     add("determinant3/eigen", [](const double* a) { keep(EM3(a).determinant()); });
     add("determinant4/eigen", [](const double* a) { keep(EM4(a).determinant()); });
     add("inverse3/eigen", [](const double* a) { keep(EM3(a).inverse().eval()); });
-    add("solve3/eigen inverse", [](const double* a) { keep((EM3(a).inverse() * E3(a + 9)).eval()); });
-    add("solve3/eigen LU", [](const double* a) { keep(EM3(a).partialPivLu().solve(E3(a + 9)).eval()); });
+    add("solve3/eigen-inverse", [](const double* a) { keep((EM3(a).inverse() * E3(a + 9)).eval()); });
+    add("solve3/eigen-LU", [](const double* a) { keep(EM3(a).partialPivLu().solve(E3(a + 9)).eval()); });
     const Matrix4 b = EM4(inputs().data() + 3);
     add("product4/eigen", [b](const double* a) { keep((EM4(a) * b).eval()); });
     Eigen::Transform<double, 3, Eigen::AffineCompact, Eigen::RowMajor> t;
@@ -237,7 +235,7 @@ template <class Prepare>
 void addTable(const std::string& who, Prepare prepare) {
     for (const std::size_t points : {8U, 64U, 1024U}) {
         for (const bool sorted : {false, true}) {
-            const std::string name = "table/" + who + "/" + std::to_string(points) + (sorted ? "/sorted" : "/random");
+            const std::string name = "table/" + std::to_string(points) + (sorted ? "/sorted/" : "/random/") + who;
             benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& state) {
                 const Table t = table(points, sorted);
                 auto lookUp = prepare(t);
@@ -289,7 +287,7 @@ void addTables() {
 #endif
     // All queries in one call.
     for (const std::size_t points : {8U, 64U, 1024U}) {
-        const std::string name = "table/orv many/" + std::to_string(points) + "/random";
+        const std::string name = "table/" + std::to_string(points) + "/random/orv-many";
         benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& state) {
             const Table t = table(points, false);
             const CLinearInterpolation linear = filled(t);
@@ -340,7 +338,7 @@ std::vector<double> cellsOf(const Grid& g) {
 template <class Prepare>
 void addGrid(const std::string& who, Prepare prepare) {
     for (const std::size_t n : {8U, 32U}) {
-        benchmark::RegisterBenchmark(("grid/" + who + "/" + std::to_string(n)).c_str(), [=](benchmark::State& state) {
+        benchmark::RegisterBenchmark(("grid/" + std::to_string(n) + "/" + who).c_str(), [=](benchmark::State& state) {
             const Grid g = grid(n);
             auto lookUp = prepare(g);
             for (auto _ : state) {
@@ -353,13 +351,13 @@ void addGrid(const std::string& who, Prepare prepare) {
 }
 
 void addGrids() {
-    addGrid("orv owned", [](const Grid& g) {
+    addGrid("orv-owned", [](const Grid& g) {
         std::vector<double> cells = cellsOf(g);
         const int side = static_cast<int>(g.n) + 1;
         const CLinearInterpolation2D view(side, side, cells.data());
         return [own = CLinearInterpolation2D(view)](double x, double y) { return own.GetZ(x, y, false); };
     });
-    addGrid("orv wrapped", [](const Grid& g) {
+    addGrid("orv-wrapped", [](const Grid& g) {
         static std::vector<double> cells;
         cells = cellsOf(g);
         auto view = std::make_shared<CLinearInterpolation2D>(static_cast<int>(g.n) + 1, static_cast<int>(g.n) + 1,
