@@ -22,6 +22,8 @@ int run(const std::vector<std::string>& words) {
     orvtool::addTextCommands(app, outcome);
     orvtool::addRecordCommands(app, outcome);
     orvtool::addMatchCommands(app, outcome);
+
+    orvtool::addTableCommands(app, outcome);
     try {
         app.parse(std::vector<std::string>(words.rbegin(), words.rend()));  // the parser takes them last first
     } catch (const CLI::ParseError& error) {
