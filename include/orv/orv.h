@@ -2,9 +2,13 @@
 #pragma once
 
 #include "orv/framework.h"
+#include "orv/geometry.h"
 #include "orv/hashing.h"
+#include "orv/interpolation.h"
+#include "orv/matrices.h"
 #include "orv/messages.h"
 #include "orv/numbers.h"
+#include "orv/random.h"
 #include "orv/records.h"
 #include "orv/string_utilities.h"
 #include "orv/text_files.h"
