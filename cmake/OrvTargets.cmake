@@ -64,7 +64,7 @@ function(orv_library_finish)
       $<INSTALL_INTERFACE:include>)
     target_compile_features(${kind} PUBLIC cxx_std_20)
     # The bodies in our headers keep their results in hosts that are built for fused operations.
-    target_compile_options(${kind} PUBLIC $<$<CXX_COMPILER_ID:GNU,Clang>:-ffp-contract=off>)
+    target_compile_options(${kind} PUBLIC $<$<CXX_COMPILER_ID:GNU,Clang,AppleClang,IntelLLVM>:-ffp-contract=off>)
     if(NOT WIN32)
       target_compile_options(${kind} PUBLIC -fshort-wchar)
     endif()

@@ -1,5 +1,6 @@
 // CString: comparing, searching and taking parts. Nothing here changes the string.
 #include "framework/characters.h"
+#include "framework/text_search.h"
 #include "orv/framework/string.h"
 
 namespace {
@@ -17,7 +18,8 @@ CString textOf(orv::WideView view) { return {view.data(), static_cast<int>(view.
 
 }  // namespace
 
-bool CString::equal(const wchar_t* a, const wchar_t* b) noexcept {
+// The same characters, NULs among them too: what most equal strings are.
+bool CString::same(const wchar_t* a, const wchar_t* b) noexcept {
     const int length = dataOf(a)->length;
     return a == b ||
            (length == dataOf(b)->length && std::memcmp(a, b, static_cast<std::size_t>(length) * sizeof(wchar_t)) == 0);
@@ -49,7 +51,7 @@ int CString::Find(wchar_t ch, int start) const {
 
 int CString::Find(const wchar_t* text, int start) const {
     if (text == nullptr || start < 0 || start > GetLength()) return -1;
-    return indexOf(viewOf(*this).find(viewOf(text), static_cast<std::size_t>(start)));
+    return indexOf(orv::findText(viewOf(*this), viewOf(text), static_cast<std::size_t>(start)));
 }
 
 int CString::FindOneOf(const wchar_t* characters) const {

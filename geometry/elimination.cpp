@@ -49,7 +49,7 @@ struct Equations {
                 largest = std::max(largest, std::fabs(entry));
             }
             if (largest == 0.0) return false;
-            const int exponent = std::ilogb(largest);
+            const int exponent = std::max(std::ilogb(largest), -1023);  // so that the scale itself is a double
             for (double& entry : left[i])
                 entry = std::scalbn(entry, -exponent);
             for (double& entry : right[i])

@@ -106,6 +106,7 @@ orv::TableCheck CLinearInterpolation2D::prepare() const {
     if (wrapped_ != nullptr) return check();
     if (state_ == State::kUsable) return {};
     const orv::TableCheck found = check();
+    if (state_ == State::kUnusable) return found;  // known: nothing is written, so that threads may share the grid
     if (found.usable()) {
         xAxis_ = std::make_unique<orv::AxisIndex>(cells() + stride(), static_cast<std::size_t>(rows_) - 1, stride());
         yAxis_ = std::make_unique<orv::AxisIndex>(cells() + 1, static_cast<std::size_t>(cols_) - 1, 1);

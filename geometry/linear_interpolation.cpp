@@ -94,6 +94,7 @@ orv::TableCheck CLinearInterpolation::check() const noexcept {
 orv::TableCheck CLinearInterpolation::prepare() const {
     if (state_ == State::kUsable) return {};
     const orv::TableCheck found = check();
+    if (state_ == State::kUnusable) return found;  // known: nothing is written, so that threads may share the table
     if (found.usable()) axis_ = std::make_unique<orv::AxisIndex>(&points_[0].x, points_.size(), 2);
     state_ = found.usable() ? State::kUsable : State::kUnusable;
     return found;

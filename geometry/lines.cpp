@@ -58,7 +58,8 @@ LineMeeting relateLines(const orvBaseLine3d& first, const orvBaseLine3d& second,
     const double sine2 = normal.getDotProduct(normal);
     if (sine2 > 1e-20) {  // the sine above 1e-10
         meeting.onFirst = first.origin + u * (between.getCrossProduct(v).getDotProduct(normal) / sine2);
-        meeting.onSecond = second.origin + v * (between.getCrossProduct(u).getDotProduct(normal) / sine2);
+        // The foot of the first point: a parameter of its own would stray along its line when the angle is small.
+        meeting.onSecond = second.origin + v * (meeting.onFirst - second.origin).getDotProduct(v);
     } else if (u.getDotProduct(u) > 0.0 && v.getDotProduct(v) == 0.0) {
         meeting.onFirst = first.origin + u * between.getDotProduct(u);
     } else {
@@ -66,7 +67,7 @@ LineMeeting relateLines(const orvBaseLine3d& first, const orvBaseLine3d& second,
     }
     meeting.gap = meeting.onFirst.getDistanceTo(meeting.onSecond);
     const bool haveDirections = u.getDotProduct(u) > 0.0 && v.getDotProduct(v) > 0.0;
-    if (!haveDirections || !isFinite(first) || !isFinite(second)) return meeting;
+    if (!haveDirections || !isFinite(first) || !isFinite(second) || !std::isfinite(meeting.gap)) return meeting;
     meeting.relation = sine2 <= 1e-20             ? LineRelation::kParallel
                        : meeting.gap <= tolerance ? LineRelation::kMeeting
                                                   : LineRelation::kSkew;

@@ -163,9 +163,3 @@ bool orvBaseExtents::getIntersections(const orvBaseLine3d& line, orvBasePoint3d&
     p2.setTo(faces.x[second], faces.y[second], faces.z[second]);
     return true;
 }
-
-void reversePoint3dArray(CArray<orvBasePoint3d>& points) {
-    for (std::intptr_t i = 0, last = points.GetSize() - 1; i < last; ++i, --last) {
-        std::swap(points.ElementAt(i), points.ElementAt(last));
-    }
-}

@@ -45,14 +45,6 @@ void fillPointer(Number*& values, int count, Number low, Number high, enRandom s
     if (isSource(source)) fillFrom(std::span<Number>(values, size), low, high, source);
 }
 
-template <class Number>
-void fillArray(CArray<Number>& values, int count, Number low, Number high, enRandom source) {
-    values.SetSize(count);
-    if (isSource(source) && count > 0) {
-        fillFrom(std::span<Number>(values.GetData(), static_cast<std::size_t>(count)), low, high, source);
-    }
-}
-
 }  // namespace
 
 namespace orvRandom {
@@ -75,14 +67,6 @@ void generateRndNumbers(int*& values, int count, int min, int max, enRandom sour
 
 void generateRndNumbers(double*& values, int count, double min, double max, enRandom source) {
     fillPointer(values, count, min, max, source);
-}
-
-void generateRndNumbers(CArray<int>& values, int count, int min, int max, enRandom source) {
-    fillArray(values, count, min, max, source);
-}
-
-void generateRndNumbers(CArray<double>& values, int count, double min, double max, enRandom source) {
-    fillArray(values, count, min, max, source);
 }
 
 }  // namespace orvRandom

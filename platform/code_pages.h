@@ -17,11 +17,11 @@ unsigned oemCodePage();
 bool knowsCodePage(unsigned page);
 
 /// Appends the decoded bytes; what the page does not define becomes U+FFFD or what the system puts there.
-/// False, with `out` unchanged, for an unknown page.
+/// False for an unknown page (`out` is unchanged), or when the system fails.
 bool decode(unsigned page, std::string_view bytes, WideString& out);
 
 /// Appends the encoded text; characters that the page lacks become its default character, never a look-alike.
-/// False, with `out` unchanged, for an unknown page.
+/// False for an unknown page (`out` is unchanged), or when the system fails.
 bool encode(unsigned page, WideView text, std::string& out);
 
 }  // namespace orv::platform

@@ -1,4 +1,5 @@
 // Cutting texts and taking characters out of them.
+#include "framework/text_search.h"
 #include "orv/string_utilities.h"
 #include "text/views.h"
 
@@ -48,7 +49,8 @@ void orvStrUtil::separatedStringToArray(CString separator, CString text, CString
     const WideView between = orv::viewOf(separator);
     std::size_t start = 0;
     if (!between.empty()) {
-        for (std::size_t at = all.find(between); at != WideView::npos; at = all.find(between, start)) {
+        for (std::size_t at = orv::findText(all, between, 0); at != WideView::npos;
+             at = orv::findText(all, between, start)) {
             out.Add(orv::textOf(all.substr(start, at - start)));
             start = at + between.size();
         }

@@ -1,4 +1,5 @@
 // Fields of plainly separated texts, without the escapes of records.
+#include "framework/text_search.h"
 #include "orv/string_utilities.h"
 #include "text/views.h"
 
@@ -9,7 +10,7 @@ using orv::WideView;
 CString fieldOf(WideView text, int n, WideView separator) {
     if (n < 1) return {};
     for (;;) {
-        const std::size_t at = separator.empty() ? WideView::npos : text.find(separator);
+        const std::size_t at = separator.empty() ? WideView::npos : orv::findText(text, separator, 0);
         const bool last = at == WideView::npos;
         if (n == 1) {
             WideView field = text.substr(0, at);
@@ -33,7 +34,11 @@ CString substr(const CString& text, int n, const wchar_t* separator) {
 }
 
 bool substr(const wchar_t* text, int n, wchar_t separator, wchar_t* out) {
-    if (text == nullptr || out == nullptr || n < 1) return false;
+    if (text == nullptr || out == nullptr) return false;
+    if (n < 1) {
+        *out = 0;
+        return false;
+    }
     for (; n > 1; --n) {
         text += orv::findUnitOrEnd(text, separator);
         if (*text == 0) return false;

@@ -8,7 +8,7 @@ namespace orv {
 
 namespace {
 
-constexpr std::size_t kLevels = 12;  // the largest holds 2^31 characters, more than a text can have
+constexpr std::size_t kLevels = 11;  // the largest holds 2^30 characters, more than a text can have
 
 wchar_t first[kRecordBufferLength + kRecordBufferSlack];
 

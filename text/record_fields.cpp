@@ -1,17 +1,32 @@
 // Single fields of a record by number, on the record object that the whole process shares.
 //
-// The text that was read may be gone when the caller goes on, so the shared reader forgets it each time.
+// The texts of a caller may be gone when it goes on, so the shared object forgets record and separator each time.
+#include "framework/string_data.h"
 #include "orv/records.h"
 #include "orv/string_utilities.h"
+
+class orvStrUtil::SharedRecord {
+  public:
+    SharedRecord() = default;
+    SharedRecord(const SharedRecord&) = delete;
+    SharedRecord& operator=(const SharedRecord&) = delete;
+    ~SharedRecord() {
+        record_.read_ = nullptr;
+        if (record_.separatorText_ != nullptr) record_.setSeparator(L':');
+    }
+    COrvSubStr* operator->() const { return &record_; }
+
+  private:
+    COrvSubStr& record_ = orvSubStrUtil::stOrvSubtstr;
+};
 
 template <class Separator>
 CString orvStrUtil::getField(const wchar_t* record, long n, Separator separator) {
     CString field;
     if (n < 1) return field;
-    COrvSubStr& shared = orvSubStrUtil::stOrvSubtstr;
-    shared.GetInit(record, separator);
-    if (shared.skipFields(n - 1)) shared.Get(field);
-    shared.read_ = nullptr;
+    const SharedRecord shared;
+    shared->GetInit(record, separator);
+    if (shared->skipFields(n - 1)) shared->Get(field);
     return field;
 }
 
@@ -19,20 +34,22 @@ CString orvStrUtil::getField(const wchar_t* record, long n, Separator separator)
 template <class Separator>
 void orvStrUtil::setField(CString& record, long n, Separator separator, const wchar_t* value) {
     if (n < 1) return;
-    COrvSubStr& shared = orvSubStrUtil::stOrvSubtstr;
-    shared.GetInit(record.GetString(), separator);
-    shared.AddInit(separator);
+    const SharedRecord shared;
+    shared->GetInit(record.GetString(), separator);
+    const std::int64_t separators = std::int64_t{n - 1} * shared->separatorLength_;
+    const bool impossible = n > 1 && shared->separatorLength_ == 0;
+    if (impossible || separators > orv::kMaximumTextLength - record.GetLength()) return;
+    shared->AddInit(separator);
     orv::WideString field;
     long i = 1;
-    for (bool more = shared.hasField(); more; ++i) {
-        more = shared.readText(field) == COrvSubStr::FieldEnd::kSeparator;
-        shared.Add(i == n ? value : field.c_str());
+    for (bool more = shared->hasField(); more; ++i) {
+        more = shared->readText(field) == COrvSubStr::FieldEnd::kSeparator;
+        shared->Add(i == n ? value : field.c_str());
     }
     for (; i <= n; ++i)
-        shared.Add(i == n ? value : L"");
-    const CString rest(shared.read_);
-    shared.read_ = nullptr;
-    shared.AddEnd(record);
+        shared->Add(i == n ? value : L"");
+    const CString rest(shared->read_);
+    shared->AddEnd(record);
     record += rest;
 }
 

@@ -26,10 +26,16 @@ class EncodedFile {
     }
 
     File& file() { return file_; }
+    void omitMark() { form_.hasMark = false; }
+
+    /// Converts what can fail, before any file is touched. False when the system cannot.
+    bool prepare(WideView text) {
+        return form_.kind != Kind::kSystemPage || platform::encode(form_.page, text, converted_);
+    }
 
     /// Writes the mark, when there is one, and the text.
     bool put(WideView text) {
-        if (form_.kind == Kind::kSystemPage) return putSystemPage(text);
+        if (form_.kind == Kind::kSystemPage) return writeBytes(converted_.data(), converted_.size());
         std::size_t size = putMark();
         while (!text.empty()) {
             // The buffer is sure to hold three bytes a character, but most texts need little more than one: fill it up.
@@ -88,11 +94,6 @@ class EncodedFile {
         }
     }
 
-    bool putSystemPage(WideView text) {
-        std::string bytes;
-        return platform::encode(form_.page, text, bytes) && writeBytes(bytes.data(), bytes.size());
-    }
-
     bool writeBytes(char* bytes, std::size_t count) {
         if (isScrambled_) scramble(bytes, count);
         return count == 0 || file_.write(bytes, count);
@@ -102,6 +103,7 @@ class EncodedFile {
     bool isScrambled_;
     File file_;
     LargeBlock block_;
+    std::string converted_;
     std::array<char, 16 * 1024> small_;  // not initialised: encoding overwrites it
 };
 
@@ -135,21 +137,20 @@ TextForm listForm(unsigned codePage) {
 bool writeText(const wchar_t* path, WideView text, const TextForm& form, bool isScrambled) {
     if (form.kind == Kind::kRefused) return false;
     EncodedFile out(form, isScrambled, text.size());
-    return out.file().open(path, File::Access::kWrite, File::Creation::kCreateAndTruncate, File::Share::kReadOnly) &&
+    return out.prepare(text) &&
+           out.file().open(path, File::Access::kWrite, File::Creation::kCreateAndTruncate, File::Share::kReadOnly) &&
            (form.kind == Kind::kNothing || out.put(text));
 }
 
 bool appendText(const wchar_t* path, WideView text, const TextForm& form) {
     if (form.kind == Kind::kRefused || form.kind == Kind::kNothing) return false;
-    TextForm used = form;
-    File file;
-    if (file.open(path, File::Access::kWrite, File::Creation::kOpenExisting, File::Share::kReadOnly)) {
-        used.hasMark = false;
-    } else if (!file.open(path, File::Access::kWrite, File::Creation::kOpenOrCreate, File::Share::kReadOnly)) {
+    EncodedFile out(form, false, text.size());
+    if (!out.prepare(text)) return false;
+    if (out.file().open(path, File::Access::kWrite, File::Creation::kOpenExisting, File::Share::kReadOnly)) {
+        out.omitMark();
+    } else if (!out.file().open(path, File::Access::kWrite, File::Creation::kOpenOrCreate, File::Share::kReadOnly)) {
         return false;
     }
-    EncodedFile out(used, false, text.size());
-    out.file() = std::move(file);
     constexpr unsigned kFromEnd = 2;
     return out.file().seek(0, kFromEnd) >= 0 && out.put(text);
 }

@@ -4,13 +4,17 @@
 // - Axes run strictly upwards or strictly downwards. Between neighbours a table is read along the straight line (in a
 //   grid between the four corners of the cell). Outside it is read at its end, or along the continued end segment if
 //   the caller wants to extrapolate.
-// - A table that cannot be used answers orv::kNoTableValue, the largest finite double, and never throws; lookUp and
-//   check say why. A NaN argument gives NaN once the table is found usable; a NaN on an axis makes a table unusable.
+// - A table that cannot be used answers orv::kNoTableValue, the largest finite double; lookUp and check say why.
+// Nothing
+//   throws but std::bad_alloc, by what makes or prepares a table. A NaN argument gives NaN once the table is found
+//   usable; a NaN on an axis makes a table unusable.
 // - Looking up prepares the table when it has changed since the last look-up (the axes are checked, a search index is
 //   made; this may allocate). Call prepare() before several threads read one table; until the next change they may.
 //   A grid over the caller's buffer is checked on every look-up, because the buffer may have changed.
-// - Looking up takes the same time in small and large tables as long as the points are spread fairly evenly, and grows
-//   with the logarithm of their number at worst.
+// - Looking up in a prepared table takes the same time in small and large ones as long as the points are spread fairly
+//   evenly, and grows with the logarithm of their number at worst. A view's axes are walked each time.
+// - The inline look-up gives the same bits as the others in hosts that compile with -ffp-contract=off, as the package
+//   tells them.
 #pragma once
 
 #include <atomic>

@@ -4,7 +4,8 @@
 // - Plain values, stored by rows; vectors are columns, so that (M * v)[i] = sum over j of m[i][j] * v[j].
 // - No operation tests for singularity: a division by a determinant of 0 follows IEEE arithmetic and gives infinities
 //   or NaN. orv::tryInvert and orv::trySolve do test.
-// - Every sum and product is done in double precision in the order stated, without fused operations.
+// - Every sum and product is done in double precision in the order stated, without fused operations (hosts compile with
+//   -ffp-contract=off, which the package tells them).
 // - Different objects may be used from different threads.
 #pragma once
 
@@ -83,7 +84,7 @@ class orvBaseMatrix3d {
 };
 
 /// A 4x4 matrix. As a transform it maps p to R * p + t, with R its upper left 3x3 block and t the upper three of its
-/// last column; the last row is (0, 0, 0, 1) and the transform operations leave it alone.
+/// last column. The last row is (0, 0, 0, 1) then; no transform operation changes such a row.
 class orvBaseMatrix4d {
   public:
     double m[4][4];
@@ -286,7 +287,8 @@ ORV_API CString matrixEntriesText(const ComplexMatrix& matrix);
 inline constexpr double kSingularPivot = 1e-12;
 
 /// The inverse by elimination with full pivoting; nothing for a matrix that is singular within `tolerance` or has an
-/// entry that is not finite. Units do not matter: rows are scaled first.
+/// entry that is not finite. The units of the equations do not matter: rows are
+/// scaled first.
 ORV_API std::optional<orvBaseMatrix3d> tryInvert(const orvBaseMatrix3d& matrix, double tolerance = kSingularPivot);
 ORV_API std::optional<orvBaseMatrix4d> tryInvert(const orvBaseMatrix4d& matrix, double tolerance = kSingularPivot);
 

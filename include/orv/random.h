@@ -30,8 +30,18 @@ ORV_API void generateRndNumbers(int*& values, int count, int min, int max, enRan
 ORV_API void generateRndNumbers(double*& values, int count, double min, double max, enRandom source);
 
 /// The same into an array that is set to that size (a count below 0 raises CInvalidArgException).
-ORV_API void generateRndNumbers(CArray<int>& values, int count, int min, int max, enRandom source);
-ORV_API void generateRndNumbers(CArray<double>& values, int count, double min, double max, enRandom source);
+template <class ARG_TYPE>
+void generateRndNumbers(CArray<int, ARG_TYPE>& values, int count, int min, int max, enRandom source) {
+    values.SetSize(count);
+    int* first = values.GetData();
+    if (first != nullptr) generateRndNumbers(first, count, min, max, source);
+}
+template <class ARG_TYPE>
+void generateRndNumbers(CArray<double, ARG_TYPE>& values, int count, double min, double max, enRandom source) {
+    values.SetSize(count);
+    double* first = values.GetData();
+    if (first != nullptr) generateRndNumbers(first, count, min, max, source);
+}
 
 }  // namespace orvRandom
 

@@ -51,7 +51,8 @@ class ORV_API COrvSubStr {
     bool GetInit(const wchar_t* text, wchar_t separator);
     bool GetInit(const wchar_t* text, const wchar_t* separator);
     /// Reads the next field. True when another one follows; the last field of a record thus comes with false.
-    /// Without a field left: false, and "" if `clearIfNone`, else `out` as it was.
+    /// At the end of the text: false, and "" if `clearIfNone`, else `out` as it was. At a line break, which is never
+    /// passed: true and "" each time, so whoever reads texts with line breaks asks hasField() first.
     bool Get(CString& out);
     bool Get(CString& out, bool clearIfNone);
     /// Typed fields: an empty field sets 0 only if `force`, else the target keeps its value. Integers are the leading
@@ -65,6 +66,9 @@ class ORV_API COrvSubStr {
     bool Get(bool& out, bool force);
     bool Get(float& out, bool force);
     bool Get(double& out, bool force);
+
+    /// False at the end of the text and at a line break, where a record ends.
+    bool hasField() const;
 
     /// 0 while a separator text is in use.
     wchar_t getSeparatorChar() const { return separatorChar_; }
@@ -92,7 +96,6 @@ class ORV_API COrvSubStr {
     FieldEnd readFieldBySeparatorText(Sink& sink);
     bool readSimpleField(CString& out);
     bool skipFields(long count);
-    bool hasField() const;
     friend class orvStrUtil;
 
     wchar_t* outputStart_;

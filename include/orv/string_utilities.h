@@ -1,7 +1,8 @@
 // Searching, comparing, cutting and reading and writing texts.
 //
 // Rules of the family:
-// - A null text gives the neutral result: false, null, -1 or "". Nothing throws on bad input.
+// - A null text gives the neutral result: false, null, -1 or "". Nothing throws on bad input; a text that would become
+//   longer than about 2^30 characters, or has no memory, is std::bad_alloc.
 // - Ignoring case means the folding of exactly three ranges in FindNoCase and what builds on it (A-Z; U+00C0..U+00DE,
 //   so that also the multiplication sign U+00D7 equals U+00F7; U+0410..U+042F), and Unicode's simple folding elsewhere.
 // - Not for several threads at once: GetSubStr, SetSubStr and MatchesWildcardPattern ignoring case.
@@ -69,7 +70,8 @@ class ORV_API orvStrUtil {
     /// "" where the record has fewer fields, or for a number below 1.
     static CString GetSubStr(const wchar_t* record, long n, const wchar_t* separator);
     static CString GetSubStr(const wchar_t* record, long n, wchar_t separator);
-    /// Replaces a field, appending empty ones when the record is shorter. A number below 1 changes nothing.
+    /// Replaces a field, appending empty ones when the record is shorter. Nothing changes for a number below 1, for one
+    /// above 1 with an empty separator, and where the record would become longer than a text can be.
     static void SetSubStr(CString& record, long n, const wchar_t* separator, const wchar_t* value);
     static void SetSubStr(CString& record, long n, wchar_t separator, const wchar_t* value);
 
@@ -118,6 +120,8 @@ class ORV_API orvStrUtil {
     static bool appendStringlistToFile(CStringList& lines, const wchar_t* path, unsigned codePage);
 
   private:
+    class SharedRecord;
+
     template <class Separator>
     static CString getField(const wchar_t* record, long n, Separator separator);
     template <class Separator>
@@ -129,13 +133,14 @@ class ORV_API orvStrUtil {
 ORV_API CString substr(const CString& text, int n, const CString& separator);
 ORV_API CString substr(const CString& text, int n, const wchar_t* separator);
 /// The same into the caller's buffer, which must be large enough; a field ends at NUL, line feed or separator. False,
-/// with `out` unchanged, when `text` is null or has fewer than n - 1 separators, or n is below 1.
+/// with `out` unchanged, when `text` is null or has fewer than n - 1 separators; false and "" when n is below 1.
 ORV_API bool substr(const wchar_t* text, int n, wchar_t separator, wchar_t* out);
 
 namespace StringUtils {
 
-/// Fixed notation; with `decimals` <= 0 six decimals without trailing zeros (and without a trailing point). More than
-/// 1074 decimals count as 1074: no double has more. "inf", "-inf" and "nan" for what is no finite number.
+/// Fixed notation; with `decimals` <= 0 six decimals without trailing zeros (and without a trailing point). Behind
+/// the 1074th decimal, where no double has a digit left, at most a million zeros are written. "inf", "-inf" and "nan"
+/// for what is no finite number.
 ///   (2.5, 0, false) => "2.5"     (3.0, 0, false) => "3"     (1.25, 2, true) => "1,25"
 ORV_API CString DoubleToString(double value, int decimals, bool commaDecimal);
 
@@ -150,7 +155,7 @@ class ORV_API CStringFormat : public CString {
     }
 };
 
-/// Helpers on the standard library's wide string, whatever its traits. White space is ASCII's.
+/// Helpers on the standard library's wide string, whatever its traits; each returns its result. White space is ASCII's.
 namespace orvStdStrUtil {
 
 inline constexpr wchar_t kSpaces[] = L" \t\n\v\f\r";
@@ -205,7 +210,8 @@ namespace orv {
 ORV_API bool globMatch(WideView text, WideView pattern, bool caseSensitive);
 
 /// Natural order: runs of digits compare as numbers of any length, all else by character; a strict weak order, so that
-/// std::sort may use it. Negative, 0 or positive; 0 means the same text, or one that differs only in leading zeros.
+/// std::sort may use it. Negative, 0 or positive; 0 means the same text, or one that differs only in leading zeros (or
+/// in what is ignored).
 ORV_API int compareNatural(WideView a, WideView b, bool caseSensitive);
 
 }  // namespace orv

@@ -148,10 +148,14 @@ bool encode(unsigned page, WideView text, std::string& out) {
     if (name.empty()) return false;
     Converter converter(name.c_str(), "UTF-16LE");
     if (!converter.isOpen()) return false;
+    // The page's own question mark: in the EBCDIC pages it is another byte.
+    std::string questionMark;
+    Converter second(name.c_str(), "UTF-16LE");
+    convertAll(second, "?\0", 2, questionMark, [](const char*, std::size_t, std::string&) { return std::size_t{2}; });
     const auto* bytes = reinterpret_cast<const char*>(text.data());
     convertAll(converter, bytes, text.size() * sizeof(wchar_t), out,
                [&](const char* from, std::size_t left, std::string& encoded) {
-                   encoded += '?';
+                   encoded += questionMark;
                    wchar_t pair[2] = {};
                    std::memcpy(pair, from, left < sizeof(pair) ? left : sizeof(pair));
                    const bool isPair = (pair[0] & 0xFC00) == 0xD800 && (pair[1] & 0xFC00) == 0xDC00;

@@ -34,22 +34,24 @@ bool decode(unsigned page, std::string_view bytes, WideString& out) {
     if (bytes.empty()) return true;
     const int size = static_cast<int>(bytes.size());
     const int count = MultiByteToWideChar(page, 0, bytes.data(), size, nullptr, 0);
+    if (count <= 0) return false;
     const std::size_t before = out.size();
     out.resize(before + static_cast<std::size_t>(count));
     const int written = MultiByteToWideChar(page, 0, bytes.data(), size, out.data() + before, count);
     out.resize(before + static_cast<std::size_t>(std::max(written, 0)));
-    return true;
+    return written > 0;
 }
 
 bool encode(unsigned page, WideView text, std::string& out) {
     if (!knowsCodePage(page) || text.size() > kLongest) return false;
     if (text.empty()) return true;
     const int count = toBytes(page, text, nullptr, 0);
+    if (count <= 0) return false;
     const std::size_t before = out.size();
     out.resize(before + static_cast<std::size_t>(count));
     const int written = toBytes(page, text, out.data() + before, count);
     out.resize(before + static_cast<std::size_t>(std::max(written, 0)));
-    return true;
+    return written > 0;
 }
 
 }  // namespace orv::platform

@@ -99,6 +99,37 @@ TEST(CList, DestroysEveryElementOnce) {
     EXPECT_EQ(1, counted.use_count());
 }
 
+// Throws when the copy that it is told to is made.
+struct Fragile {
+    static inline int copiesLeft = 1000;
+    int value = 0;
+    explicit Fragile(int v) : value(v) {}
+    Fragile(const Fragile& other) : value(other.value) {
+        if (--copiesLeft < 0) throw 1;
+    }
+    Fragile(Fragile&&) = default;
+};
+
+TEST(CList, AFailedCopyLeavesTheListAsItWas) {
+    CList<Fragile> list;
+    list.AddTail(Fragile(1));
+    list.AddTail(Fragile(2));
+    Fragile::copiesLeft = 0;
+    EXPECT_THROW(list.AddHead(Fragile(3)), int);
+    Fragile::copiesLeft = 1000;
+    for (int i = 4; i < 20; ++i)
+        list.AddTail(Fragile(i));
+    EXPECT_EQ(18, list.GetCount());
+    EXPECT_EQ(1, list.GetHead().value);
+    CList<int> twice;
+    twice.AddTail(1);
+    twice.AddTail(2);
+    twice.AddHead(&twice);
+    EXPECT_EQ(4, twice.GetCount());
+    EXPECT_EQ(1, twice.GetHead());
+    EXPECT_EQ(2, twice.GetAt(twice.FindIndex(1)));
+}
+
 TEST(CTime, LocalCalendarGoesThereAndBack) {
     for (const int month : {1, 7, 12}) {
         const CTime time(2024, month, 29, 13, 5, 59);

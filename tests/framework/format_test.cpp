@@ -50,7 +50,7 @@ TEST(Format, Texts) {
     self.AppendFormat(L"-%s", self);
     EXPECT_TEXT(L"aa-aa", self);
     EXPECT_EQ(1'000'000, formatted(L"%99999999d", 1).GetLength());
-    EXPECT_TEXT(L"x1", CStringFormat(L"x%d", 1));
+    EXPECT_TEXT(L"x1 2.50", formatted(L"%s %.2f", CStringFormat(L"x%d", 1), 2.5L));
     EXPECT_TEXT(L"", CStringFormat(nullptr));
 }
 

@@ -122,6 +122,15 @@ TEST(CString, Searching) {
     EXPECT_EQ(-1, at);
 }
 
+TEST(CString, SearchTakesLinearTime) {
+    const CString text(L'a', 400'000);
+    CString what(L'a', 200'000);
+    EXPECT_EQ(0, text.Find(what));
+    what += L'b';
+    EXPECT_EQ(-1, text.Find(what));
+    EXPECT_EQ(200'000, (text + what).Find(what, 1) - 200'000);
+}
+
 TEST(CString, ComparesByCodeAndByFoldedCase) {
     EXPECT_LT(CString(L"Z").Compare(L"a"), 0);
     EXPECT_GT(CString(L"ab").Compare(L"a"), 0);

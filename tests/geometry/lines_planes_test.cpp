@@ -171,4 +171,21 @@ TEST(Plane, Intersections) {
     EXPECT_TRUE(plane.getIntersection(Line(P(0, 0, 0), V(0, 0, 1.1e-10)), hit));
 }
 
+TEST(Line, MeetingsAtSmallAnglesHaveNoGap) {
+    for (const double angle : {1e-3, 1e-5, 1e-7, 1e-9}) {
+        const orvBasePoint3d meeting(7.25, -3.5, 11.75);
+        const orvBaseVector3d dir = orvBaseVector3d(0.3, 0.7, -0.2).getNormal();
+        const orvBaseVector3d turned = dir + dir.getPerpVector().getNormal() * angle;
+        const orvBaseLine3d first(meeting - dir * 9.0, dir);
+        const orvBaseLine3d second(meeting - turned * 5.0, turned);
+        const orv::LineMeeting found = orv::relateLines(first, second);
+        EXPECT_EQ(orv::LineRelation::kMeeting, found.relation) << angle;
+        EXPECT_LT(found.gap, 1e-12) << angle;
+    }
+    orvBaseLine3d line(orvBasePoint3d(1, 2, 3), orvBaseVector3d(4, 5, 6));
+    line.setTo(orvBasePoint3d(line.dir), line.origin.asVector());  // its own members
+    EXPECT_EQ(1.0, line.dir.x);
+    EXPECT_EQ(4.0, line.origin.x);
+}
+
 }  // namespace

@@ -322,6 +322,7 @@ TEST_F(Records, SetSubStrByNumber) {
         {L"a:b\r\nc:d", 3, L"x", L"a:b:x\r\nc:d"},
         {L"a:\nrest", 2, L"x", L"a:x\nrest"},
         {L"\nrest", 2, L"x", L":x\nrest"},
+        {L"too many separators for a text", 2'000'000'000, L"x", L"too many separators for a text"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(testing::Message() << utf8(row.record) << " field " << row.n);
@@ -332,6 +333,15 @@ TEST_F(Records, SetSubStrByNumber) {
         orvStrUtil::SetSubStr(record, row.n, L":", row.value);
         EXPECT_TEXT(row.changed, record);
     }
+}
+
+TEST_F(Records, AnEmptySeparatorLeavesOneField) {
+    CString record(L"abc");
+    orvStrUtil::SetSubStr(record, 2, L"", L"x");
+    orvStrUtil::SetSubStr(record, 2, L'\0', L"x");
+    EXPECT_TEXT(L"abc", record);
+    orvStrUtil::SetSubStr(record, 1, L"", L"x");
+    EXPECT_TEXT(L"x", record);
 }
 
 TEST_F(Records, FieldsOfEveryLengthAndPlaceSurvive) {
@@ -392,6 +402,8 @@ TEST_F(Records, SharedObjectForgetsItsTextAfterAFieldByNumber) {
     EXPECT_FALSE(orvSubStrUtil::Get(text, false));
     EXPECT_TEXT(L"kept", text);
     EXPECT_EQ(L';', orvSubStrUtil::getSeparatorChar());
+    orvStrUtil::GetSubStr(L"a||b", 1, CString(L"||").GetString());  // a separator that is gone afterwards
+    EXPECT_EQ(nullptr, orvSubStrUtil::getSeparatorString());
     orvSubStrUtil::AddInit(L"--");
     EXPECT_EQ(0, orvSubStrUtil::getSeparatorChar());
     EXPECT_TEXT(L"--", orvSubStrUtil::getSeparatorString());

@@ -39,12 +39,12 @@ class CArray {
     const TYPE& operator[](std::intptr_t index) const { return GetAt(index); }
     TYPE& operator[](std::intptr_t index) { return GetAt(index); }
 
-    /// The elements in one piece; null for an array that never held any.
+    /// The elements in one piece; null for an empty array.
     TYPE* GetData() noexcept { return items_.empty() ? nullptr : &items_.data()->value; }
     const TYPE* GetData() const noexcept { return items_.empty() ? nullptr : &items_.data()->value; }
 
     void SetAtGrow(std::intptr_t index, ARG_TYPE element) {
-        if (index < 0) orv::throwInvalidArgument();
+        if (index < 0 || index == INTPTR_MAX) orv::throwInvalidArgument();
         TYPE copy(element);  // `element` may stand in this array
         if (index >= GetSize()) SetSize(index + 1);
         GetAt(index) = std::move(copy);

@@ -10,7 +10,7 @@
 
 namespace orv {
 
-/// Specialised, with `static const wchar_t* characters(const T&)`, for classes that are texts.
+/// Specialised, with kIsText = true and `static const wchar_t* characters(const T&)`, for classes that are texts.
 template <class T>
 struct FormatText {
     static constexpr bool kIsText = false;
@@ -27,7 +27,7 @@ auto formatArgument(const T& value) {
         static_assert(std::is_arithmetic_v<Plain> || std::is_enum_v<Plain> || std::is_pointer_v<Plain> ||
                           std::is_null_pointer_v<Plain>,
                       "a format takes numbers, pointers and texts");
-        if constexpr (std::is_same_v<Plain, float>) {
+        if constexpr (std::is_floating_point_v<Plain>) {
             return static_cast<double>(value);
         } else {
             return value;

@@ -47,7 +47,8 @@ class CList {
     POSITION AddHead(ARG_TYPE value) { return insert(nullptr, head_, value); }
     POSITION AddTail(ARG_TYPE value) { return insert(tail_, nullptr, value); }
     void AddHead(CList* other) {
-        for (POSITION at = other->GetTailPosition(); at != nullptr;)
+        std::intptr_t count = other->GetCount();  // so that a list can be put before itself
+        for (POSITION at = other->GetTailPosition(); count > 0; --count)
             AddHead(other->GetPrev(at));
     }
     void AddTail(CList* other) {
@@ -117,15 +118,23 @@ class CList {
 
     POSITION insert(Node* previous, Node* next, ARG_TYPE value) {
         if (free_ == nullptr) allocateBlock();
-        Node* after = free_->next;  // read before the node comes to life in the same place
-        Node* made = new (free_) Node{next, previous, value};
-        free_ = after;
+        Node* place = free_;
+        free_ = place->next;
+        Node* made = nullptr;
+        try {
+            made = new (place) Node{next, previous, value};
+        } catch (...) {  // the copy threw: the place stays free
+            place->next = free_;
+            free_ = place;
+            throw;
+        }
         (previous == nullptr ? head_ : previous->next) = made;
         (next == nullptr ? tail_ : next->previous) = made;
         ++count_;
         return position(made);
     }
     void allocateBlock() {
+        static_assert(alignof(Node) <= __STDCPP_DEFAULT_NEW_ALIGNMENT__);
         const auto size = static_cast<std::size_t>(blockSize_);
         auto* block = static_cast<Block*>(::operator new(sizeof(Block) + size * sizeof(Node)));
         block->next = blocks_;

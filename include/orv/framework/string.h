@@ -10,6 +10,7 @@
 #include <atomic>
 #include <cstdarg>
 #include <cstdint>
+#include <type_traits>
 #include <utility>
 
 #include "orv/export.h"
@@ -132,7 +133,7 @@ class ORV_API CString {
     CString& TrimRight(wchar_t ch);
     CString& TrimRight(const wchar_t* characters);
 
-    // ---- Comparing: negative, 0 or positive ----
+    // ---- Comparing, up to the first NUL as the operators do: negative, 0 or positive ----
     /// By the values of the characters.
     int Compare(const wchar_t* text) const;
     /// The same after folding both sides with the library's character table.
@@ -197,10 +198,10 @@ class ORV_API CString {
     friend CString operator+(wchar_t a, const CString& b) { return joined(&a, 1, b, b.GetLength()); }
 
     // ---- Operators of comparison ----
-    friend bool operator==(const CString& a, const CString& b) noexcept { return equal(a.text_, b.text_); }
+    friend bool operator==(const CString& a, const CString& b) { return same(a.text_, b.text_) || a.Compare(b) == 0; }
     friend bool operator==(const CString& a, const wchar_t* b) { return a.Compare(b) == 0; }
     friend bool operator==(const wchar_t* a, const CString& b) { return b.Compare(a) == 0; }
-    friend bool operator!=(const CString& a, const CString& b) noexcept { return !(a == b); }
+    friend bool operator!=(const CString& a, const CString& b) { return !(a == b); }
     friend bool operator!=(const CString& a, const wchar_t* b) { return !(a == b); }
     friend bool operator!=(const wchar_t* a, const CString& b) { return !(b == a); }
     friend bool operator<(const CString& a, const CString& b) { return a.Compare(b) < 0; }
@@ -228,7 +229,7 @@ class ORV_API CString {
         free(text);
     }
     static void free(wchar_t* text) noexcept;
-    static bool equal(const wchar_t* a, const wchar_t* b) noexcept;
+    static bool same(const wchar_t* a, const wchar_t* b) noexcept;
     static CString joined(const wchar_t* a, int aLength, const wchar_t* b, int bLength);
     static orv::StringData* dataOf(const wchar_t* text) noexcept {
         return reinterpret_cast<orv::StringData*>(const_cast<wchar_t*>(text)) - 1;
@@ -257,8 +258,9 @@ static_assert(sizeof(CString) == sizeof(void*));
 
 namespace orv {
 
-template <>
-struct FormatText<CString> {
+template <class Text>
+requires std::is_base_of_v<CString, Text>
+struct FormatText<Text> {
     static constexpr bool kIsText = true;
     static const wchar_t* characters(const CString& text) { return text.GetString(); }
 };

@@ -16,8 +16,9 @@ class ORV_API CTime {
   public:
     CTime() noexcept = default;
     CTime(std::int64_t secondsSince1970) noexcept : time_(secondsSince1970) {}
-    /// Local calendar time: year 1970..3000, month 1..12, day 1..31, hour 0..23, minute 0..59, second 0..59; anything
-    /// else raises CInvalidArgException. `daylightSaving`: 1 yes, 0 no, -1 as the rules of the machine say.
+    /// Local calendar time, from 1970-01-01 00:00 UTC on: year 1970..3000, month 1..12, day 1..31, hour 0..23, minute
+    /// 0..59, second 0..59; anything else raises CInvalidArgException. `daylightSaving`: 1 yes, 0 no, -1 as the rules
+    /// of the machine say.
     CTime(int year, int month, int day, int hour, int minute, int second, int daylightSaving = -1);
 
     static CTime GetCurrentTime();

@@ -1,6 +1,9 @@
 // Lines, planes and axis-aligned boxes in space, and where they meet (see geometry.h for the rules of the family).
 #pragma once
 
+#include <cstdint>
+#include <utility>
+
 #include "orv/export.h"
 #include "orv/framework/arrays.h"
 #include "orv/geometry/vectors.h"
@@ -19,8 +22,7 @@ class orvBaseLine3d {
     constexpr orvBaseLine3d(const orvBasePoint3d& p1, const orvBasePoint3d& p2) noexcept : dir(p2 - p1), origin(p1) {}
 
     constexpr void setTo(const orvBasePoint3d& newOrigin, const orvBaseVector3d& newDir) noexcept {
-        origin = newOrigin;
-        dir = newDir;
+        *this = orvBaseLine3d(newOrigin, newDir);  // the arguments may be this line's own members
     }
     constexpr void setOrigin(const orvBasePoint3d& newOrigin) noexcept { origin = newOrigin; }
     constexpr void setDir(const orvBaseVector3d& newDir) noexcept { dir = newDir; }
@@ -87,7 +89,8 @@ class orvBasePlane3d {
     bool isParallelTo(const orvBaseLine3d& line) const noexcept {
         return std::fabs(line.dir.getCrossProduct(vAxis).getDotProduct(uAxis)) < 0.0001;
     }
-    /// Where the line meets the plane. False, and (0, 0, 0), when the determinant of u, v and -dir is at most 1e-10.
+    /// Where the line meets the plane. False, and (0, 0, 0), when the determinant of u, v and -dir is at most
+    /// 1e-10 in magnitude.
     ORV_API bool getIntersection(const orvBaseLine3d& line, orvBasePoint3d& result) const noexcept;
 };
 
@@ -148,13 +151,19 @@ class orvBaseExtents {
     constexpr orvBasePoint3d getCenter() const noexcept { return min + (max - min) * 0.5; }
 
     /// Where an infinite line meets the faces, looked at in the order x low, x high, z high, z low, y low, y high. The
-    /// first two hits go to p1 and p2; a third ends the search and, if it differs from p1 by 1e-10, replaces p2 (a line
-    /// through an edge hits two faces in one point). One hit: p2 = p1. No hit: p2 = p1 too, and the result is false.
+    /// first two hits go to p1 and p2; a third ends the search and, if it differs from p1 by 1e-10 or more, replaces p2
+    /// (a line through an edge hits two faces in one point). One hit: p2 = p1. No hit: p2 = p1 too, and the result is
+    /// false.
     ORV_API bool getIntersections(const orvBaseLine3d& line, orvBasePoint3d& p1, orvBasePoint3d& p2) const noexcept;
 };
 
 /// Reverses the order of the points, in place.
-ORV_API void reversePoint3dArray(CArray<orvBasePoint3d>& points);
+template <class ARG_TYPE>
+void reversePoint3dArray(CArray<orvBasePoint3d, ARG_TYPE>& points) {
+    for (std::intptr_t i = 0, last = points.GetSize() - 1; i < last; ++i, --last) {
+        std::swap(points.ElementAt(i), points.ElementAt(last));
+    }
+}
 
 namespace orv {
 
@@ -162,7 +171,7 @@ enum class LineRelation {
     kMeeting,    // the gap is at most the tolerance
     kSkew,       // neither parallel nor meeting
     kParallel,   // the sine of the angle is at most 1e-10; the gap may be 0 (the same line)
-    kDegenerate  // a line has no direction, or a number is not finite
+    kDegenerate  // a line has no direction, or a number (the gap too) is not finite
 };
 
 /// How two lines lie to each other, without the ambiguity of orvBaseLine3d::intersectsWithLine.
