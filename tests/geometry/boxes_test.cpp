@@ -141,9 +141,7 @@ TEST(Extents, LinesThroughTheUnitBox) {
         P p1(before);
         P p2(0, 0, 0);
         EXPECT_EQ(box.getIntersections(row.line, p1, p2), row.hits) << row.name;
-        EXPECT_TRUE(isNear(p1, row.first, 1e-12)) << row.name;
-        EXPECT_TRUE(isNear(p2, row.second, 1e-12)) << row.name;
-        EXPECT_TRUE(agrees(box, row.line)) << row.name;
+        EXPECT_TRUE(isNear(p1, row.first) && isNear(p2, row.second) && agrees(box, row.line)) << row.name;
     }
 }
 
@@ -176,8 +174,7 @@ TEST(Extents, ResultsMayReplaceTheirSources) {
     Box box(P(0, 0, 0), P(1, 1, 1));
     Line line(P(-5, 0.5, 0.25), V(1, 0, 0));
     EXPECT_TRUE(box.getIntersections(line, line.origin, box.max));
-    EXPECT_TRUE(isNear(line.origin, P(0, 0.5, 0.25)));
-    EXPECT_TRUE(isNear(box.max, P(1, 0.5, 0.25)));
+    EXPECT_TRUE(isNear(line.origin, P(0, 0.5, 0.25)) && isNear(box.max, P(1, 0.5, 0.25)));
 }
 
 TEST(PointArray, IsReversedInPlace) {

@@ -153,16 +153,13 @@ TEST(Grid, AgreesWithTheDefinitionToTheLastBit) {
                 wanted.ys.push_back(at += unit());
             if (directions & 1) std::reverse(wanted.xs.begin(), wanted.xs.end());
             if (directions & 2) std::reverse(wanted.ys.begin(), wanted.ys.end());
-            std::vector<double> cells((rows + 1) * (cols + 1), kNaN);
-            for (unsigned j = 0; j < cols; ++j)
-                cells[j + 1] = wanted.ys[j];
+            std::vector<double> cells = {kNaN};
+            cells.insert(cells.end(), wanted.ys.begin(), wanted.ys.end());
             for (unsigned i = 0; i < rows; ++i) {
-                cells[(i + 1) * (cols + 1)] = wanted.xs[i];
+                cells.push_back(wanted.xs[i]);
                 wanted.z.emplace_back();
-                for (unsigned j = 0; j < cols; ++j) {
-                    wanted.z[i].push_back(static_cast<double>(random() % 2000) - 1000);
-                    cells[(i + 1) * (cols + 1) + j + 1] = wanted.z[i][j];
-                }
+                for (unsigned j = 0; j < cols; ++j)
+                    wanted.z[i].push_back(cells.emplace_back(static_cast<double>(random() % 2000) - 1000));
             }
             const Grid view(static_cast<int>(rows + 1), static_cast<int>(cols + 1), cells.data());
             const Grid own(view);
