@@ -211,7 +211,8 @@ TEST_F(Records, GetSubStrByNumber) {
     struct Row { const wchar_t* record; long n; const wchar_t *separator, *field; };
     const Row rows[] = {
         {L"a:b", 0, L":", L""},  {L"a:b", -1, L":", L""},   {L"", 1, L":", L""}, {nullptr, 2, L":", L""},
-        {L"a::c", 3, L":", L"c"}, {L"a:b", 1, L"", L"a:b"}, {L"a:b", 2, L"", L""}, {L"a:b", 1, nullptr, L"a:b"},
+        {L"a\nb:c", 2, L":", L""}, {L"a::c", 3, L":", L"c"},
+        {L"a:b", 1, L"", L"a:b"}, {L"a:b", 2, L"", L""}, {L"a:b", 1, nullptr, L"a:b"},
         {L"1:2:3:4:5:6:7:8:9:10:11:12:13:14:15:16:17:18:19:20", 18, L":", L"18"},
     };
     // clang-format on
