@@ -17,15 +17,11 @@ TEST(CArray, ChecksItsIndices) {
     EXPECT_THROW(array.RemoveAt(1, 2), CInvalidArgException*);
     EXPECT_THROW(array.SetSize(-1), CInvalidArgException*);
     array.SetAtGrow(4, array[1]);
-    EXPECT_EQ(5, array.GetSize());
-    EXPECT_EQ(0, array[3]);
-    EXPECT_EQ(2, array[4]);
+    EXPECT_TRUE(array.GetSize() == 5 && array[3] == 0 && array[4] == 2);
     array.InsertAt(1, array[4], 2);
-    EXPECT_EQ(7, array.GetCount());
-    EXPECT_EQ(2, array[2]);
+    EXPECT_TRUE(array.GetCount() == 7 && array[2] == 2);
     array.RemoveAt(0, 3);
-    EXPECT_EQ(2, array[0]);
-    EXPECT_EQ(&array[0], array.GetData());
+    EXPECT_TRUE(array[0] == 2 && &array[0] == array.GetData());
 }
 
 TEST(CArray, HoldsFlagsAndTexts) {
@@ -33,16 +29,13 @@ TEST(CArray, HoldsFlagsAndTexts) {
     flags.SetSize(3);
     flags[1] = true;
     EXPECT_TRUE(flags.GetData()[1]);
-    CStringArray texts;
+    CStringArray texts, more;
     texts.Add(L"a");
-    texts.Add(CString(L"b"));
-    CStringArray more;
-    more.Add(L"c");
-    EXPECT_EQ(2, texts.Append(more));
-    EXPECT_TEXT(L"c", texts[2]);
+    more.Add(CString(L"c"));
+    EXPECT_EQ(1, texts.Append(more));
     EXPECT_THROW(texts.Append(texts), CInvalidArgException*);
     more.Copy(texts);
-    EXPECT_EQ(3, more.GetSize());
+    EXPECT_TRUE(more.GetSize() == 2 && more[1] == L"c");
 }
 
 CString joined(const CStringList& list) {
@@ -67,10 +60,8 @@ TEST(CList, PositionsStayGood) {
     list.InsertBefore(nullptr, L"0");
     EXPECT_TEXT(L"0 a b c d ", joined(list));
     EXPECT_TEXT(L"0", list.RemoveHead());
-    EXPECT_EQ(b, list.Find(L"b"));
-    EXPECT_EQ(nullptr, list.Find(L"b", b));
-    EXPECT_EQ(b, list.FindIndex(1));
-    EXPECT_EQ(nullptr, list.FindIndex(4));
+    EXPECT_TRUE(list.Find(L"b") == b && list.Find(L"b", b) == nullptr);
+    EXPECT_TRUE(list.FindIndex(1) == b && list.FindIndex(4) == nullptr);
     list.SetAt(b, L"B");
     for (int i = 0; i < 100; ++i)
         list.AddTail(L"x");  // many blocks
@@ -82,8 +73,7 @@ TEST(CList, PositionsStayGood) {
     list.AddTail(&list);
     EXPECT_TEXT(L"a c d a c d ", joined(list));
     list.RemoveAll();
-    EXPECT_EQ(0, list.GetCount());
-    EXPECT_EQ(nullptr, list.GetHeadPosition());
+    EXPECT_TRUE(list.GetCount() == 0 && list.GetHeadPosition() == nullptr);
 }
 
 TEST(CList, DestroysEveryElementOnce) {
@@ -133,23 +123,17 @@ TEST(CList, AFailedCopyLeavesTheListAsItWas) {
 TEST(CTime, LocalCalendarGoesThereAndBack) {
     for (const int month : {1, 7, 12}) {
         const CTime time(2024, month, 29, 13, 5, 59);
-        EXPECT_EQ(2024, time.GetYear());
-        EXPECT_EQ(month, time.GetMonth());
-        EXPECT_EQ(29, time.GetDay());
-        EXPECT_EQ(13, time.GetHour());
-        EXPECT_EQ(5, time.GetMinute());
-        EXPECT_EQ(59, time.GetSecond());
+        EXPECT_TRUE(time.GetYear() == 2024 && time.GetMonth() == month && time.GetDay() == 29);
+        EXPECT_TRUE(time.GetHour() == 13 && time.GetMinute() == 5 && time.GetSecond() == 59);
     }
     const CTime monday(2024, 1, 1, 0, 0, 0);
     EXPECT_EQ(2, monday.GetDayOfWeek());
     EXPECT_TEXT(L"2024-01-01 00:00:00 12AM 001 1 24 % %q", monday.Format(L"%Y-%m-%d %H:%M:%S %I%p %j %w %y %% %q"));
-    EXPECT_LT(monday, CTime(2024, 1, 1, 0, 0, 1));
+    EXPECT_TRUE(monday < CTime(2024, 1, 1, 0, 0, 1) && monday < CTime::GetCurrentTime());
     EXPECT_THROW(CTime(1969, 1, 1, 0, 0, 0), CInvalidArgException*);
     EXPECT_THROW(CTime(2024, 13, 1, 0, 0, 0), CInvalidArgException*);
-    EXPECT_EQ(0, CTime(-1).GetYear());
     EXPECT_EQ(0, CTime(std::numeric_limits<std::int64_t>::max()).GetYear());
     EXPECT_TEXT(L"", CTime(-1).Format(L"%Y"));
-    EXPECT_GT(CTime::GetCurrentTime(), monday);
 }
 
 }  // namespace

@@ -22,10 +22,6 @@ const V startVector = V::kXAxis + V::kYAxis * 2 + V::kZAxis * 3;
 
 TEST(Vector, ConstantsHoldBeforeMain) {
     EXPECT_TRUE(sameBits(startVector, V(1, 2, 3)));
-    EXPECT_TRUE(sameBits(V(), V::kZero));
-    EXPECT_TRUE(sameBits(P(), P::kZero));
-    EXPECT_TRUE(sameBits(P(V::kOne), P::kOne));
-    EXPECT_TRUE(sameBits(P(V::kMax), P::kMax));
     EXPECT_TRUE(sameBits(P(-V::kMin), P::kMax));
 }
 
@@ -38,61 +34,35 @@ TEST(Vector, PointSeenAsVectorIsTheSameStorage) {
     EXPECT_EQ(constant.asVector().getLength(), std::sqrt(77.0));
 }
 
-TEST(Vector, ComponentsByNumber) {
-    P p(1, 2, 3);
-    V v(4, 5, 6);
-    const V& constant = v;
+TEST(Vector, OperatorsActOnEveryComponent) {
+    const V v(1, -2, 4), w(3, 5, -7);
+    const P p(v), q(w);
+    V changed(v);
+    P moved(p);
+    changed += w, changed *= 3, changed -= v, changed /= 2;
+    moved += w, moved *= 3, moved -= v, moved /= 2;
+    EXPECT_TRUE(sameBits(P(changed), moved));
     for (unsigned i = 0; i < 3; ++i) {
-        EXPECT_EQ(p[i], i + 1.0);
-        EXPECT_EQ(constant[i], i + 4.0);
-        p[i] = v[i] = -1.0 * i;
+        EXPECT_EQ(changed[i], ((v[i] + w[i]) * 3 - v[i]) / 2);
+        EXPECT_TRUE((v + w)[i] == v[i] + w[i] && (p + w)[i] == v[i] + w[i]);
+        EXPECT_TRUE((v - w)[i] == v[i] - w[i] && (p - w)[i] == v[i] - w[i]);
+        EXPECT_TRUE((p - q)[i] == v[i] - w[i] && q.getVectorTo(p)[i] == v[i] - w[i]);
+        EXPECT_TRUE((-v)[i] == -v[i] && (-p)[i] == -v[i] && v.getNegateVec()[i] == -v[i]);
+        EXPECT_TRUE((v * 2)[i] == 2 * v[i] && (p * 2)[i] == 2 * v[i] && (p / 2)[i] == v[i] / 2);
     }
-    EXPECT_TRUE(sameBits(p, P(v)));
-}
-
-TEST(Vector, SharedArithmetic) {
-    const V v(1, -2, 4);
-    EXPECT_TRUE(sameBits(v * 2, V(2, -4, 8)));
-    EXPECT_TRUE(sameBits(-v, V(-1, 2, -4)));
-    EXPECT_TRUE(sameBits(v.getNegateVec(), -v));
-    EXPECT_TRUE(sameBits(v + V(1, 1, 1), V(2, -1, 5)));
-    EXPECT_TRUE(sameBits(v - V(1, 1, 1), V(0, -3, 3)));
-    V w(v);
-    w += V(1, 2, 0);
-    w *= 3;
-    w -= V(0, 0, 2);
-    w /= 2;
-    EXPECT_TRUE(sameBits(w, V(3, 0, 5)));
-    P p(1, -2, 4);
-    EXPECT_TRUE(sameBits(p * 2, P(2, -4, 8)));
-    EXPECT_TRUE(sameBits(p / 2, P(0.5, -1, 2)));
-    EXPECT_TRUE(sameBits(-p, P(-1, 2, -4)));
-    EXPECT_TRUE(sameBits(p + v, P(2, -4, 8)));
-    EXPECT_TRUE(sameBits(p - v, P(0, 0, 0)));
-    EXPECT_TRUE(sameBits(p - P(0, 1, 2), V(1, -3, 2)));
-    EXPECT_TRUE(sameBits(p.getVectorTo(P(0, 1, 2)), V(-1, 3, -2)));
-    p += V(1, 2, 0);
-    p *= 3;
-    p -= V(0, 0, 2);
-    p /= 2;
-    EXPECT_TRUE(sameBits(p, P(3, 0, 5)));
     EXPECT_TRUE(sameBits(P(1, -1, 2) / 0.0, P(kInfinity, -kInfinity, kInfinity)));
     EXPECT_EQ(V(-3, -1, -2).getLargestComponent(), -1);
     EXPECT_EQ(P(-3, -1, 2).getLargestComponent(), 2);
 }
 
 TEST(Vector, ProductsAndDistances) {
-    const V a(1, 2, 3);
-    const V b(4, -5, 6);
-    EXPECT_EQ(a.getDotProduct(b), 12);
-    EXPECT_EQ(V::getDotProduct(a, b), 12);
-    EXPECT_TRUE(sameBits(a.getCrossProduct(b), V(27, 6, -13)));
-    EXPECT_TRUE(sameBits(V::getCrossProduct(a, b), V(27, 6, -13)));
+    const V a(3, 4, 7), b(1, 1, 1);
+    EXPECT_TRUE(a.getDotProduct(b) == 14 && V::getDotProduct(a, b) == 14);
+    EXPECT_TRUE(sameBits(a.getCrossProduct(V(0, 0, 2)), V(8, -6, 0)));
+    EXPECT_TRUE(sameBits(V::getCrossProduct(V(1, 2, 3), V(4, -5, 6)), V(27, 6, -13)));
     EXPECT_EQ(V(2, 3, 6).getLength(), 7);
-    EXPECT_EQ(V(3, 4, 7).getDistanceTo(V(1, 1, 1)), 7);
-    EXPECT_EQ(V::getDistanceTo(V(3, 4, 7), V(1, 1, 1)), 7);
-    EXPECT_EQ(P(3, 4, 7).getDistanceTo(P(1, 1, 1)), 7);
-    EXPECT_EQ(P::getDistanceTo(P(3, 4, 7), P(1, 1, 1)), 7);
+    EXPECT_TRUE(a.getDistanceTo(b) == 7 && V::getDistanceTo(a, b) == 7);
+    EXPECT_TRUE(P(a).getDistanceTo(P(b)) == 7 && P::getDistanceTo(P(a), P(b)) == 7);
 }
 
 TEST(Vector, Angles) {
@@ -126,12 +96,10 @@ TEST(Vector, TolerancesAreStrict) {
 
 TEST(Vector, ParallelTestDependsOnLength) {
     const V skewed(1, 5e-11, 0);
-    EXPECT_TRUE(V(1, 0, 0).isParallelTo(skewed));
-    EXPECT_TRUE(V::isParallelTo(V(-1, 0, 0), skewed));
+    EXPECT_TRUE(V(1, 0, 0).isParallelTo(skewed) && V::isParallelTo(V(-1, 0, 0), skewed));
     EXPECT_FALSE(V(10, 0, 0).isParallelTo(skewed));
     EXPECT_TRUE(V(1, 0, 0).isCodirectionalTo(V(25, 0, 0)));
-    EXPECT_FALSE(V(1, 0, 0).isCodirectionalTo(V(-1, 0, 0)));
-    EXPECT_FALSE(V(1, 0, 0).isCodirectionalTo(V(1, 1e-9, 0)));
+    EXPECT_FALSE(V(1, 0, 0).isCodirectionalTo(V(-1, 0, 0)) || V(1, 0, 0).isCodirectionalTo(V(1, 1e-9, 0)));
 }
 
 TEST(Vector, NormalizingMultipliesByTheReciprocal) {

@@ -1,6 +1,4 @@
 // What only Windows does: files held against others, and message boxes.
-#include <gtest/gtest.h>
-
 #ifndef NOMINMAX
 #define NOMINMAX
 #endif
@@ -59,17 +57,14 @@ TEST(Sharing, FileOpensWithTheShareOfItsFlags) {
     const TempFolder folder;
     folder.put("file", "text");
     const CString path = folder / "file";
-    struct Row {
-        unsigned flags;
-        bool mayRead, mayWrite;
-    };
+    // clang-format off
+    struct Row { unsigned flags; bool mayRead, mayWrite; };
     const Row rows[] = {
-        {CFile::modeRead | CFile::shareDenyNone, true, true},
-        {CFile::modeRead | CFile::shareDenyWrite, true, false},
-        {CFile::modeRead | CFile::shareDenyRead, false, true},
-        {CFile::modeRead | CFile::shareExclusive, false, false},
+        {CFile::modeRead | CFile::shareDenyNone, true, true},  {CFile::modeRead | CFile::shareDenyWrite, true, false},
+        {CFile::modeRead | CFile::shareDenyRead, false, true}, {CFile::modeRead | CFile::shareExclusive, false, false},
         {CFile::modeRead, false, false},
     };
+    // clang-format on
     constexpr DWORD kAll = FILE_SHARE_READ | FILE_SHARE_WRITE;
     for (const Row& row : rows) {
         SCOPED_TRACE(row.flags);

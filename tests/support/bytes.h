@@ -30,3 +30,10 @@ inline std::string hex(std::string_view data) {
     }
     return result;
 }
+
+/// As the suite's scrambled files hold it.
+inline std::string scrambled(std::string data) {
+    for (char& c : data)
+        c = static_cast<char>(c + 3);
+    return data;
+}

@@ -72,22 +72,11 @@ inline std::string slowEncodeUtf8(orv::WideView text) {
             value >= 0xD800 && value < 0xDC00 && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] < 0xE000;
         if (isPair) value = 0x10000 + (value - 0xD800) * 0x400 + (text[++i] - 0xDC00U);
         if (value >= 0xD800 && value < 0xE000) value = 0xFFFD;
-        const auto add = [&](std::uint32_t byte) { result += static_cast<char>(byte); };
-        if (value < 0x80) {
-            add(value);
-        } else if (value < 0x800) {
-            add(0xC0 + value / 0x40);
-            add(0x80 + value % 0x40);
-        } else if (value < 0x10000) {
-            add(0xE0 + value / 0x1000);
-            add(0x80 + value / 0x40 % 0x40);
-            add(0x80 + value % 0x40);
-        } else {
-            add(0xF0 + value / 0x40000);
-            add(0x80 + value / 0x1000 % 0x40);
-            add(0x80 + value / 0x40 % 0x40);
-            add(0x80 + value % 0x40);
-        }
+        const unsigned followers = value < 0x80 ? 0 : value < 0x800 ? 1 : value < 0x10000 ? 2 : 3;
+        const unsigned leads[] = {0, 0xC0, 0xE0, 0xF0};
+        result += static_cast<char>(leads[followers] + (value >> (6 * followers)));
+        for (unsigned left = followers; left > 0; --left)
+            result += static_cast<char>(0x80 + (value >> (6 * (left - 1)) & 0x3F));
     }
     return result;
 }

@@ -39,10 +39,7 @@ TEST(CaselessSearch, NullAndEmptyTexts) {
     EXPECT_EQ(nullptr, orvStrUtil::FindNoCase(nullptr, L"a"));
     EXPECT_EQ(nullptr, orvStrUtil::FindNoCase(text, nullptr));
     EXPECT_EQ(text, orvStrUtil::FindNoCase(text, L""));
-    EXPECT_FALSE(orvStrUtil::ContainsNoCase(nullptr, L""));
-    EXPECT_TRUE(orvStrUtil::ContainsNoCase(L"", L""));
-    EXPECT_FALSE(orvStrUtil::ContainsNoCase(L"", L"a"));
-    EXPECT_TRUE(orvStrUtil::ContainsNoCase(L"Heizkörper SÜD", L"süd"));
+    EXPECT_TRUE(orvStrUtil::ContainsNoCase(L"", L"") && !orvStrUtil::ContainsNoCase(nullptr, L""));
 }
 
 TEST(CaselessSearch, FoldsExactlyThreeRanges) {
@@ -60,18 +57,15 @@ TEST(CaselessSearch, FoldsExactlyThreeRanges) {
 }
 
 TEST(CaselessSearch, IndexRows) {
-    const struct {
-        const wchar_t* text;
-        const wchar_t* what;
-        int start;
-        int expected;
-    } rows[] = {
+    // clang-format off
+    const struct { const wchar_t *text, *what; int start, expected; } rows[] = {
         {L"Rohr DN50", L"dn", 0, 5}, {L"Rohr DN50", L"dn", 5, 5}, {L"Rohr DN50", L"dn", 6, -1},
         {L"abc", L"c", 3, -1},       {L"abc", L"c", 4, -1},       {L"abc", L"c", -1, -1},
         {L"abc", L"", 0, 0},         {L"abc", L"", 2, 2},         {L"abc", L"", 3, -1},
         {L"", L"", 0, -1},           {L"abc", nullptr, 0, -1},    {L"ab", L"abc", 0, -1},
         {L"ЖУК", L"жук", 0, 0},      {L"ЁЖ", L"ёж", 0, -1},       {L"3\u00D74", L"3\u00F74", 0, 0},
     };
+    // clang-format on
     for (const auto& row : rows) {
         EXPECT_EQ(row.expected, orvStrUtil::FindIndexNoCase(row.text, row.what, row.start))
             << utf8(row.text) << " from " << row.start;
@@ -119,23 +113,6 @@ TEST(CaselessSearch, EveryPlaceBeforeAnUnreadablePage) {
     });
 }
 
-// Texts that are all near misses, so that the search changes to its linear way; the periods vary.
-TEST(CaselessSearch, RepeatingTexts) {
-    std::mt19937 random(7);
-    for (int round = 0; round < 300; ++round) {
-        WideString unit;
-        while (unit.size() < 1 + random() % 9)
-            unit += L"aAbB"[random() % 4];
-        WideString text;
-        while (text.size() < 3000)
-            text += unit;
-        WideString what = text.substr(random() % 9, 20 + random() % 400);
-        if (round % 3 != 0) what[random() % what.size()] = L'b';
-        if (round % 2 != 0) text.replace(1 + random() % 2500, what.size(), what);
-        ASSERT_EQ(slowFind(text, what, 0), found(text.c_str(), what.c_str())) << round;
-    }
-}
-
 // First many near misses, so that the search changes to its linear way, then pieces of the wanted text in any phase,
 // some with a wrong character, at last the text itself.
 TEST(CaselessSearch, PiecesOfRepeatingTexts) {
@@ -143,7 +120,7 @@ TEST(CaselessSearch, PiecesOfRepeatingTexts) {
     const auto below = [&random](std::size_t limit) { return random() % limit; };
     for (int round = 0; round < 2000; ++round) {
         WideString unit;
-        for (std::size_t left = 1 + below(3); left > 0; --left)
+        for (std::size_t left = 1 + below(round % 4 == 0 ? 9 : 3); left > 0; --left)
             unit += L"aAbB"[below(4)];
         WideString what;
         for (const std::size_t length = 50 + below(20); what.size() < length;)
@@ -179,27 +156,18 @@ TEST(CaselessSearch, HostileTextsTakeLinearTime) {
 }
 
 TEST(CaselessReplace, Rows) {
-    const struct {
-        const wchar_t* name;
-        const wchar_t* text;
-        const wchar_t* from;
-        const wchar_t* to;
-        int count;
-        const wchar_t* result;
-    } rows[] = {
+    // clang-format off
+    const struct { const wchar_t *name, *text, *from, *to; int count; const wchar_t* result; } rows[] = {
         {L"same length", L"Rohr ROHR rohr", L"rohr", L"Duct", 3, L"Duct Duct Duct"},
-        {L"longer", L"aXbxc", L"x", L"--", 2, L"a--b--c"},
-        {L"shorter", L"aXXbxxc", L"xX", L"-", 2, L"a-b-c"},
-        {L"by nothing", L"aXbx", L"X", L"", 2, L"ab"},
-        {L"by null", L"aXbx", L"X", nullptr, 2, L"ab"},
+        {L"longer", L"aXbxc", L"x", L"--", 2, L"a--b--c"},  {L"shorter", L"aXXbxxc", L"xX", L"-", 2, L"a-b-c"},
+        {L"by nothing", L"aXbx", L"X", L"", 2, L"ab"},      {L"by null", L"aXbx", L"X", nullptr, 2, L"ab"},
         {L"everything", L"xX", L"X", nullptr, 2, L""},
         {L"what was inserted is not searched", L"aa", L"A", L"aa", 2, L"aaaa"},
         {L"matches do not overlap", L"aAaAa", L"aa", L"b", 2, L"bba"},
-        {L"no match", L"abc", L"d", L"e", 0, L"abc"},
-        {L"empty from", L"abc", L"", L"e", 0, L"abc"},
-        {L"null from", L"abc", nullptr, L"e", 0, L"abc"},
-        {L"empty text", L"", L"a", L"e", 0, L""},
+        {L"no match", L"abc", L"d", L"e", 0, L"abc"},       {L"empty from", L"abc", L"", L"e", 0, L"abc"},
+        {L"null from", L"abc", nullptr, L"e", 0, L"abc"},   {L"empty text", L"", L"a", L"e", 0, L""},
     };
+    // clang-format on
     for (const auto& row : rows) {
         SCOPED_TRACE(utf8(row.name));
         CString text = row.text;
@@ -218,13 +186,10 @@ TEST(CaselessReplace, Rows) {
 TEST(CaselessReplace, ManyMatchesAndPartsOfTheTextItself) {
     CString text(L'x', 1000);
     EXPECT_EQ(1000, orvStrUtil::ReplaceNoCase(text, L"X", L"yz"));
-    ASSERT_EQ(2000, text.GetLength());
-    for (int i = 0; i < 2000; ++i)
-        ASSERT_EQ(i % 2 == 0 ? L'y' : L'z', text[i]);
-
+    EXPECT_EQ(1000, orvStrUtil::ReplaceNoCase(text, L"YZ", L"x"));
+    EXPECT_EQ(CString(L'x', 1000), text);
     CString own = L"abAB";
     EXPECT_EQ(1, orvStrUtil::ReplaceNoCase(own, own, own));
-    EXPECT_TEXT(L"abAB", own);
     EXPECT_EQ(2, orvStrUtil::ReplaceNoCase(own, L"a", own));
     EXPECT_TEXT(L"abABbabABB", own);
     EXPECT_EQ(6, orvStrUtil::ReplaceNoCase(own, L"b", own.GetString() + own.GetLength() - 1)) << "same length";

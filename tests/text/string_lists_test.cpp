@@ -1,6 +1,4 @@
 // Text files as lists of lines.
-#include <gtest/gtest.h>
-
 #include "support/bytes.h"
 #include "support/temp_folder.h"
 #include "support/text.h"
@@ -19,35 +17,25 @@ CString shown(CStringList& list) {
 
 TEST(StringLists, EveryLineEndEndsOneLine) {
     const TempFolder folder;
-    struct Row {
-        const char* file;
-        const wchar_t* expected;
-    };
+    // clang-format off
+    struct Row { const char* file; const wchar_t* expected; };
     const Row rows[] = {
-        {"", L""},
-        {"'a'", L"a|"},
-        {"'a' 0D 0A 'b' 0A 'c' 0D 'd'", L"a|b|c|d|"},
-        {"'a' 0D 0A", L"a|"},
-        {"0A", L"|"},
-        {"0D 0D 0A 0A 0D", L"||||"},
-        {"'a' 0D 0A 0D 0A 'b'", L"a||b|"},
-        {"0A 0D 'a'", L"||a|"},
-        {"EF BB BF 'K' C3 BC 0A", L"Kü|"},
+        {"", L""},                         {"'a'", L"a|"},         {"'a' 0D 0A 'b' 0A 'c' 0D 'd'", L"a|b|c|d|"},
+        {"'a' 0D 0A", L"a|"},              {"0A", L"|"},           {"0D 0D 0A 0A 0D", L"||||"},
+        {"'a' 0D 0A 0D 0A 'b'", L"a||b|"}, {"0A 0D 'a'", L"||a|"}, {"EF BB BF 'K' C3 BC 0A", L"Kü|"},
         {"FC 0A", L"ü|"},
     };
+    // clang-format on
     for (const Row& row : rows) {
         SCOPED_TRACE(row.file);
-        std::string data = bytes(row.file);
-        folder.put("file", data);
+        folder.put("file", bytes(row.file));
         CStringList list;
         list.AddTail(L"old");
         EXPECT_TRUE(orvStrUtil::readStringlistFromFileAuto(list, folder / "file", false));
         EXPECT_TEXT(row.expected, shown(list));
         EXPECT_TRUE(orvStrUtil::readStringlistFromFile(list, folder / "file", k1252, false));
         EXPECT_TEXT(row.expected, shown(list));
-        for (char& c : data)
-            c = static_cast<char>(c + 3);
-        folder.put("file", data);
+        folder.put("file", scrambled(bytes(row.file)));
         EXPECT_TRUE(orvStrUtil::readStringlistFromFileAuto(list, folder / "file", true));
         EXPECT_TEXT(row.expected, shown(list));
     }
@@ -60,6 +48,7 @@ TEST(StringLists, EntriesAreWrittenAndAppendedWithTheirLineEnds) {
         const char* written;
         const char* appended;  // what a second list adds
     };
+    // clang-format off
     const Row rows[] = {
         {kUtf8Mark, "EF BB BF 'K' C3 BC 0D 0A 0D 0A", "'K' C3 BC 0D 0A 0D 0A"},
         {kUtf8, "'K' C3 BC 0D 0A 0D 0A", "'K' C3 BC 0D 0A 0D 0A"},
@@ -67,6 +56,7 @@ TEST(StringLists, EntriesAreWrittenAndAppendedWithTheirLineEnds) {
         {k1252, "'K' FC 0D 0A 0D 0A", "'K' FC 0D 0A 0D 0A"},
         {850, "'K' 81 0D 0A 0D 0A", "'K' 81 0D 0A 0D 0A"},
     };
+    // clang-format on
     CStringList list;
     list.AddTail(L"Kü");
     list.AddTail(L"");
@@ -84,19 +74,17 @@ TEST(StringLists, EntriesAreWrittenAndAppendedWithTheirLineEnds) {
         folder.put("empty", "");
         EXPECT_TRUE(orvStrUtil::appendStringlistToFile(list, folder / "empty", row.page));
         EXPECT_EQ(hex(bytes(row.appended)), hex(folder.get("empty")));
-        std::string scrambled = written;
-        for (char& c : scrambled)
-            c = static_cast<char>(c + 3);
         EXPECT_TRUE(orvStrUtil::writeStringlistToFile(list, folder / "file", row.page, true));
-        EXPECT_EQ(hex(scrambled), hex(folder.get("file")));
+        EXPECT_EQ(hex(scrambled(written)), hex(folder.get("file")));
     }
     CStringList none;
     EXPECT_TRUE(orvStrUtil::writeStringlistToFile(none, folder / "file", kUtf8Mark));
     EXPECT_EQ("EF BB BF ", hex(folder.get("file")));
     constexpr unsigned kNoSuchPage = 4242;
-    EXPECT_FALSE(orvStrUtil::writeStringlistToFile(list, folder / "file", kNoSuchPage));
-    EXPECT_FALSE(orvStrUtil::appendStringlistToFile(list, folder / "file", kNoSuchPage));
-    EXPECT_FALSE(orvStrUtil::appendStringlistToFile(list, folder / "other", kNoSuchPage));
+    for (const char* name : {"file", "other"}) {
+        EXPECT_FALSE(orvStrUtil::writeStringlistToFile(list, folder / name, kNoSuchPage));
+        EXPECT_FALSE(orvStrUtil::appendStringlistToFile(list, folder / name, kNoSuchPage));
+    }
     EXPECT_EQ("EF BB BF ", hex(folder.get("file")));
     EXPECT_FALSE(folder.has("other"));
 }

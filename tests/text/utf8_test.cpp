@@ -1,34 +1,17 @@
 // UTF-8 against the tables of the Unicode standard and against a slow definition, on every level of vector kernels.
-#include <gtest/gtest.h>
-
 #include <random>
 
-#include "orv/vector_level.h"
 #include "support/bytes.h"
 #include "support/slow_utf8.h"
 #include "support/temp_folder.h"
 #include "support/text.h"
+#include "support/vector_levels.h"
 
 namespace {
 
-using orv::VectorLevel;
-
-/// Runs under each level that this machine has, and puts the best one back.
-template <class Check>
-void onEveryLevel(Check check) {
-    for (const VectorLevel level : {VectorLevel::kSse2, VectorLevel::kAvx2, VectorLevel::kAvx512}) {
-        SCOPED_TRACE(static_cast<int>(level));
-        if (orv::limitVectorLevel(level) == level) check();
-    }
-    orv::limitVectorLevel(VectorLevel::kAvx512);
-}
-
 TEST(Utf8, OneReplacementForEachMaximalBadPart) {
-    struct Row {
-        const char* name;
-        const char* bytes;
-        const wchar_t* expected;
-    };
+    // clang-format off
+    struct Row { const char *name, *bytes; const wchar_t* expected; };
     const Row rows[] = {
         // The Unicode standard, tables 3-8 to 3-11.
         {"overlong", "C0 AF E0 80 BF F0 81 82 41", L"\xFFFD\xFFFD\xFFFD\xFFFD\xFFFD\xFFFD\xFFFD\xFFFD\x41"},
@@ -38,18 +21,15 @@ TEST(Utf8, OneReplacementForEachMaximalBadPart) {
         {"ends of the ranges", "7F C2 80 DF BF E0 A0 80 ED 9F BF EE 80 80 EF BF BF F0 90 80 80 F4 8F BF BF",
          L"\x7F\x80\x7FF\x800\xD7FF\xE000\xFFFF\xD800\xDC00\xDBFF\xDFFF"},
     };
+    // clang-format on
     for (const Row& row : rows) {
         // In front of the row stand so many characters that it lies anywhere in a block and across its end.
         for (std::size_t before = 0; before < 70; ++before) {
-            onEveryLevel([&] {
+            atEachVectorLevel([&] {
                 const std::string front(before, 'x');
-                CString expected;
-                for (std::size_t i = 0; i < before; ++i)
-                    expected += L'x';
                 const std::string behind = before % 2 == 0 ? std::string(130, 'y') : std::string();
-                expected += row.expected;
-                for (std::size_t i = 0; i < behind.size(); ++i)
-                    expected += L'y';
+                const CString expected = CString(L'x', static_cast<int>(before)) + row.expected +
+                                         CString(L'y', static_cast<int>(behind.size()));
                 EXPECT_TEXT(expected, orvStdStrUtil::convertUtf8ToUnicode(front + bytes(row.bytes) + behind))
                     << row.name << " behind " << before;
             });
@@ -60,22 +40,11 @@ TEST(Utf8, OneReplacementForEachMaximalBadPart) {
 TEST(Utf8, EveryLevelAgreesWithTheDefinition) {
     std::mt19937 random(20);
     // Kinds of pieces; a text favours a few of them, so that blocks of one kind and mixed ones both come.
-    const std::string pieces[] = {"Heizkreisverteiler ",
-                                  "ö",
-                                  "ß",
-                                  "€",
-                                  "テ",
-                                  "\xF0\x9F\x94\xA5",
-                                  "\xED\xA0\x80",
-                                  "\xE2\x82",
-                                  "\xC3",
-                                  "\xF0\x9F",
-                                  "\x80",
-                                  "\xFF",
-                                  "ж",
-                                  "ῶ",
-                                  "\xED\x9F\xBF",
-                                  "a"};
+    // clang-format off
+    const std::string pieces[] = {
+        "Heizkreisverteiler ", "ö", "ß", "€", "テ", "\xF0\x9F\x94\xA5", "\xED\xA0\x80", "\xE2\x82",
+        "\xC3", "\xF0\x9F", "\x80", "\xFF", "ж", "ῶ", "\xED\x9F\xBF", "a"};
+    // clang-format on
     for (int round = 0; round < 3000; ++round) {
         std::string data;
         const std::size_t kinds = 1 + random() % std::size(pieces);
@@ -86,7 +55,7 @@ TEST(Utf8, EveryLevelAgreesWithTheDefinition) {
         const orv::WideString expected = slowDecodeUtf8(data);
         const CString decoded(expected.c_str(), static_cast<int>(expected.size()));
         const std::string encoded = slowEncodeUtf8(expected);
-        onEveryLevel([&] {
+        atEachVectorLevel([&] {
             ASSERT_TRUE(decoded == orvStdStrUtil::convertUtf8ToUnicode(data)) << hex(data);
             ASSERT_EQ(hex(encoded), hex(orvStdStrUtil::convertUnicodeToUtf8(decoded)));
         });
@@ -96,7 +65,7 @@ TEST(Utf8, EveryLevelAgreesWithTheDefinition) {
             broken.SetAt(i, i % 2 == 0 ? L'\xD83D' : L'\xDD25');
         const orv::WideView view(broken.GetString(), static_cast<std::size_t>(broken.GetLength()));
         const std::string repaired = slowEncodeUtf8(view);
-        onEveryLevel([&] { ASSERT_EQ(hex(repaired), hex(orvStdStrUtil::convertUnicodeToUtf8(broken))); });
+        atEachVectorLevel([&] { ASSERT_EQ(hex(repaired), hex(orvStdStrUtil::convertUnicodeToUtf8(broken))); });
     }
 }
 
