@@ -9,6 +9,7 @@
 #include "orv/messages.h"
 #include "orv/numbers.h"
 #include "orv/random.h"
+#include "orv/paths.h"
 #include "orv/records.h"
 #include "orv/string_utilities.h"
 #include "orv/text_files.h"
