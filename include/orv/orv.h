@@ -1,6 +1,8 @@
 // Everything that the library offers.
 #pragma once
 
+#include "orv/files.h"
+#include "orv/find_record.h"
 #include "orv/framework.h"
 #include "orv/geometry.h"
 #include "orv/hashing.h"

@@ -1,7 +1,8 @@
 // Paths as texts: values, splitting, joining, normalising, comparing and relating; command lines; version texts.
 //
 // Rules of the family:
-// - Everything in this header works on texts alone and asks no system. Nothing fails: where a path lacks a part, the
+// - Everything in this header but IsWritable works on texts alone and asks no system. Nothing fails: where a path lacks
+// a part, the
 //   part is "". Files and folders themselves are in files.h.
 // - A path is a Windows path: a letter and ":", or two backslashes and a host; "\" separates, and "/" too wherever a
 //   path is split. Case does not matter (Unicode's simple folding). No part is cut off at any length.
@@ -45,6 +46,8 @@ class ORV_API CDirPath : public CString {
     /// Ignoring case, in any spelling that normalising removes, with or without a separator at the end:
     /// "C:\a\" and "c:/A" are equal.
     bool IsEqual(const CDirPath& other) const;
+    /// Creates and deletes the file "_test_.000" in the folder: whether that succeeds. One that is there is lost.
+    bool IsWritable() const;
 
     // ---- Changing ----
     /// See NormalizePath.
