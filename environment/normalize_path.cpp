@@ -107,6 +107,7 @@ class Rewriter {
         compact([this](std::size_t to, wchar_t ch) {
             while (ch == L'\\' && endsIn(to, L' '))
                 --to;
+            from_ = std::min(from_, to);  // a long run of blanks may begin before what caught the eye
             return to;
         });
         std::size_t to = std::min(from_, length_);
@@ -118,7 +119,7 @@ class Rewriter {
 
     /// Everything before `to` is free of parent steps; a parent step begins with the backslash before `to`.
     void resolveParentSteps(std::size_t from) {
-        std::size_t to = std::min(from, length_);
+        std::size_t to = std::min({from, from_, length_});
         std::size_t i = to;
         bool stopped = false;
         while (i < length_) {

@@ -139,6 +139,9 @@ TEST(Paths, NormalizingFollowsItsSteps) {
         {L"a \\b", L"a\x20\\b"},
         {L"ab \\c", L"ab\\c"},
         {L"C:\\a\\ ..\\b", L"C:\\b"},
+        // a run of blanks longer than one look
+        {L"C:\\ab            \\ x\\ y", L"C:\\ab\\x\\y"},
+        {L"C:\\ab            \\ ..\\c", L"C:\\c"},
         // 7
         {L"C:\\..\\x", L"C:\\..\\x"},
         {L"C:\\a\\b\\..", L"C:\\a\\"},
