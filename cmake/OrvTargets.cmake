@@ -44,6 +44,7 @@ function(orv_library_finish)
     configure_file(${PROJECT_SOURCE_DIR}/cmake/version.rc.in ${PROJECT_BINARY_DIR}/version.rc @ONLY)
     target_sources(orvbase PRIVATE ${PROJECT_BINARY_DIR}/version.rc)
     set_target_properties(orvbase PROPERTIES PREFIX "" OUTPUT_NAME orvbase)
+    target_link_libraries(orvbase PRIVATE version) # version resources of files
   else()
     add_library(orvbase_static STATIC)
     set_target_properties(orvbase_static PROPERTIES OUTPUT_NAME orvbase EXPORT_NAME base_static)

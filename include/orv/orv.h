@@ -1,6 +1,8 @@
 // Everything that the library offers.
 #pragma once
 
+#include "orv/files.h"
+#include "orv/find_record.h"
 #include "orv/framework.h"
 #include "orv/geometry.h"
 #include "orv/hashing.h"
@@ -8,6 +10,7 @@
 #include "orv/matrices.h"
 #include "orv/messages.h"
 #include "orv/numbers.h"
+#include "orv/paths.h"
 #include "orv/random.h"
 #include "orv/records.h"
 #include "orv/string_utilities.h"

@@ -8,7 +8,7 @@
 #include <string>
 #include <utility>
 
-#include "framework/utf8.h"
+#include "platform/posix/system_path.h"
 
 namespace orv::platform {
 namespace {
@@ -16,7 +16,7 @@ namespace {
 int descriptor(std::intptr_t handle) { return static_cast<int>(handle); }
 
 int openDescriptor(const wchar_t* path, int flags) {
-    const std::string narrow = wideToUtf8(path);
+    const std::string narrow = systemPath(path);
     int result = 0;
     do {
         result = ::open(narrow.c_str(), flags | O_CLOEXEC, 0666);

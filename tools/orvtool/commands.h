@@ -26,6 +26,7 @@ struct Outcome {
 void addTextCommands(CLI::App& app, Outcome& outcome);
 void addRecordCommands(CLI::App& app, Outcome& outcome);
 void addMatchCommands(CLI::App& app, Outcome& outcome);  // match, sort, md5
+void addPathCommands(CLI::App& app, Outcome& outcome);
 void addTableCommands(CLI::App& app, Outcome& outcome);
 
 /// UTF-8 words of the command line and the library's texts.

@@ -22,6 +22,7 @@ int run(const std::vector<std::string>& words) {
     orvtool::addTextCommands(app, outcome);
     orvtool::addRecordCommands(app, outcome);
     orvtool::addMatchCommands(app, outcome);
+    orvtool::addPathCommands(app, outcome);
 
     orvtool::addTableCommands(app, outcome);
     try {
