@@ -1,9 +1,8 @@
 // Paths as texts: values, splitting, joining, normalising, comparing and relating; command lines; version texts.
 //
 // Rules of the family:
-// - Everything in this header but IsWritable works on texts alone and asks no system. Nothing fails: where a path lacks
-// a part, the
-//   part is "". Files and folders themselves are in files.h.
+// - Everything in this header but IsWritable works on texts alone and asks no system. Nothing fails: where a
+//   path lacks a part, the part is "". Files and folders themselves are in files.h.
 // - A path is a Windows path: a letter and ":", or two backslashes and a host; "\" separates, and "/" too wherever a
 //   path is split. Case does not matter (Unicode's simple folding). No part is cut off at any length.
 // - A path value is a text and nothing more: any text makes one, and all of a text's operations apply to it.
