@@ -194,17 +194,17 @@ void addWrite(std::size_t size, const std::string& who,
 }
 
 void addAll(std::size_t size) {
-    addRead(kUtf8, size, "library", [](const Input& input) { return readLibrary(input, false); });
-    addRead(kUtf8, size, "library_sse2", [](const Input& input) {
+    addRead(kUtf8, size, "orv", [](const Input& input) { return readLibrary(input, false); });
+    addRead(kUtf8, size, "orv_sse2", [](const Input& input) {
         orv::limitVectorLevel(orv::VectorLevel::kSse2);
         const std::size_t characters = readLibrary(input, false);
         orv::limitVectorLevel(orv::VectorLevel::kAvx512);
         return characters;
     });
     if (validateUtf8 != nullptr && utf8ToUtf16 != nullptr) addRead(kUtf8, size, "simdutf", readSimdutf);
-    addRead(kWindows1252, size, "library", [](const Input& input) { return readLibrary(input, false); });
-    addRead(kUtf16, size, "library", [](const Input& input) { return readLibrary(input, false); });
-    addRead(kScrambled, size, "library", [](const Input& input) { return readLibrary(input, true); });
+    addRead(kWindows1252, size, "orv", [](const Input& input) { return readLibrary(input, false); });
+    addRead(kUtf16, size, "orv", [](const Input& input) { return readLibrary(input, false); });
+    addRead(kScrambled, size, "orv", [](const Input& input) { return readLibrary(input, true); });
 #if defined(BENCH_ICU)
     addRead(kUtf8, size, "icu", [](const Input& input) { return readIcu(input, "UTF-8", 0); });
     addRead(kWindows1252, size, "icu", [](const Input& input) { return readIcu(input, "windows-1252", 0); });
@@ -214,7 +214,7 @@ void addAll(std::size_t size) {
     addRead(kUtf8, size, "qt", [](const Input& input) { return readQt(input, kUtf8); });
     addRead(kUtf16, size, "qt", [](const Input& input) { return readQt(input, kUtf16); });
 #endif
-    addWrite(size, "library", [](const std::u16string&, const CString& text, const std::string& path) {
+    addWrite(size, "orv", [](const std::u16string&, const CString& text, const std::string& path) {
         orvStrUtil::writeStringBufferToFile(text, orvStdStrUtil::convertUtf8ToUnicode(path), true, 65001, false);
     });
     if (utf16ToUtf8 != nullptr) {

@@ -52,6 +52,8 @@ bool intersectFaces(const Box& box, const Line& line, Point& p1, Point& p2) {
     return hits.report(p1, p2);
 }
 
+constexpr int kNoFace = 6;  // behind the six
+
 // The two faces across one axis at a time, one in each lane.
 //
 // For numbers of ordinary size and a box whose sides are not negative each determinant of a face has one product that
@@ -59,8 +61,8 @@ bool intersectFaces(const Box& box, const Line& line, Point& p1, Point& p2) {
 // with a plus sign on a high one, and the zeros added to it only turn a -0 into +0. So the parameters are, to the last
 // bit, those of the planes above. The tests compare every bit with the planes' own steps.
 struct Faces {
-    double x[6], y[6], z[6];  // the hits, in the order in which the faces are looked at
-    unsigned inside = 0;      // a bit a face
+    double x[kNoFace + 1], y[kNoFace + 1], z[kNoFace + 1];  // the hits, in the order in which the faces are looked at
+    unsigned inside = 0;                                    // a bit a face
 
     // `minus` has the sign bit in the lane of the low face.
     void hit(int first, const Box& box, const Line& line, __m128d numerator, __m128d denominator, __m128d minus) {
@@ -86,13 +88,6 @@ struct Faces {
         return p;
     }
 };
-
-// The number of the lowest bit, which is cleared.
-int takeLowest(unsigned& bits) {
-    const int lowest = std::countr_zero(bits);
-    bits &= bits - 1;
-    return lowest;
-}
 
 // The first bound goes to the low lane.
 __m128d from(double origin, double first, double second) {
@@ -148,18 +143,20 @@ bool orvBaseExtents::getIntersections(const orvBaseLine3d& line, orvBasePoint3d&
     faces.hit(0, *this, line, times(times(x, s.y), s.z), _mm_set1_pd(-line.dir.x * s.y * s.z), lowFirst);
     faces.hit(2, *this, line, times(z, s.x * s.y), _mm_set1_pd(s.x * s.y * -line.dir.z), lowSecond);
     faces.hit(4, *this, line, times(times(y, s.x), s.z), _mm_set1_pd(s.x * -line.dir.y * s.z), lowFirst);
-    if (faces.inside == 0) {
-        p2.setTo(p1.x, p1.y, p1.z);
-        return false;
-    }
-    unsigned left = faces.inside;
-    const int first = takeLowest(left);
-    int second = left != 0 ? takeLowest(left) : first;
-    if (left != 0) [[unlikely]] {
-        const int third = takeLowest(left);
-        if (!faces.hitOf(third).isEqualTo(faces.hitOf(first), orv::kGeometryTolerance)) second = third;
+    // Hits are a matter of chance, so what follows is chosen without branches; no hit picks the caller's own point.
+    faces.x[kNoFace] = p1.x;
+    faces.y[kNoFace] = p1.y;
+    faces.z[kNoFace] = p1.z;
+    const unsigned second = faces.inside & (faces.inside - 1U);  // without the first hit
+    const int first = std::countr_zero(faces.inside | 1U << kNoFace);
+    int last = std::countr_zero(second | 1U << kNoFace);
+    last = second != 0 ? last : first;
+    const unsigned third = second & (second - 1U);
+    if (third != 0) [[unlikely]] {
+        const int at = std::countr_zero(third);
+        if (!faces.hitOf(at).isEqualTo(faces.hitOf(first), orv::kGeometryTolerance)) last = at;
     }
     p1.setTo(faces.x[first], faces.y[first], faces.z[first]);
-    p2.setTo(faces.x[second], faces.y[second], faces.z[second]);
-    return true;
+    p2.setTo(faces.x[last], faces.y[last], faces.z[last]);
+    return faces.inside != 0;
 }
