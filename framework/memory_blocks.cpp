@@ -126,6 +126,4 @@ void freeLarge(void* block, std::size_t bytes) noexcept {
     if (block != nullptr) cache().put({block, bytes});
 }
 
-void dropKeptBlocks() noexcept { cache().clear(); }
-
 }  // namespace orv

@@ -19,8 +19,6 @@ inline constexpr std::size_t kKeptBlockBytes = 64 * 1024 * 1024;
 void* allocateLarge(std::size_t& bytes);
 /// Gives back a block with the size that allocateLarge reported. Null is allowed.
 void freeLarge(void* block, std::size_t bytes) noexcept;
-/// Returns every kept block to the system.
-void dropKeptBlocks() noexcept;
 
 /// An owned block.
 class LargeBlock {

@@ -1,9 +1,8 @@
-// Whole files and open files. Paths are wide texts; natively they are encoded as UTF-8.
+// Open files. Paths are wide texts; natively they are encoded as UTF-8.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
-#include <string_view>
 
 #include "orv/wide.h"
 
@@ -48,8 +47,5 @@ class File {
 
     std::intptr_t handle_ = kNone;
 };
-
-/// Creates or replaces a file with these bytes.
-bool writeWholeFile(const wchar_t* path, std::string_view bytes);
 
 }  // namespace orv::platform

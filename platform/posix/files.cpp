@@ -105,10 +105,4 @@ File File::adopt(std::intptr_t handle) noexcept {
     return file;
 }
 
-bool writeWholeFile(const wchar_t* path, std::string_view bytes) {
-    File file;
-    return file.open(path, File::Access::kWrite, File::Creation::kCreateAndTruncate, File::Share::kReadOnly) &&
-           file.write(bytes.data(), bytes.size());
-}
-
 }  // namespace orv::platform
