@@ -7,6 +7,7 @@
 #include <string>
 
 #include "orv/numbers.h"
+#include "support/comma_locale.h"
 #include "support/text.h"
 
 namespace {
@@ -132,13 +133,12 @@ TEST(Numbers, ParsesIntegers) {
 }
 
 TEST(Numbers, IgnoreTheProcessLocale) {
-    const std::string before = std::setlocale(LC_ALL, nullptr);
-    if (std::setlocale(LC_ALL, "de_DE.UTF-8") == nullptr && std::setlocale(LC_ALL, "German") == nullptr) {
-        std::setlocale(LC_ALL, "");
-    }
+    const CommaLocale locale;
+    ASSERT_STREQ(",", std::localeconv()->decimal_point) << "the locale is there";
     EXPECT_TEXT(L"1.5 0.25", formatted(L"%g %.2f", 1.5, 0.25));
     EXPECT_EQ(1.5, orv::parseDouble(L"1.5").value);
-    std::setlocale(LC_ALL, before.c_str());
+    EXPECT_EQ(1.0, orv::parseDouble(L"1,5").value);
+    EXPECT_EQ(1e300, orv::parseDouble(L"1000000000000000000000.000e279").value);  // the long way
 }
 
 }  // namespace
