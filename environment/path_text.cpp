@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "framework/characters.h"
+#include "framework/string_access.h"
 
 namespace orv {
 namespace {
@@ -39,6 +40,17 @@ PathParts splitPath(WideView path) {
         if (path[name - 1] == L'.' && dot == path.size()) dot = name - 1;
     }
     return {path.substr(0, drive), path.substr(drive, name - drive), path.substr(name, dot - name), path.substr(dot)};
+}
+
+WideView extensionPart(WideView path) {
+    // A colon ends the search too, so that only a path with one asks what its drive is.
+    for (std::size_t at = path.size(); at > 0; --at) {
+        const wchar_t ch = path[at - 1];
+        if (ch == L'.') return path.substr(at - 1);
+        if (isSeparator(ch)) break;
+        if (ch == L':') return splitPath(path).extension;
+    }
+    return {};
 }
 
 bool isUncPath(WideView path) { return path.size() >= 2 && path[0] == L'\\' && path[1] == L'\\'; }
@@ -83,13 +95,12 @@ CString joinedPath(WideView base, WideView tail) {
     } else if (!isSeparator(tail.front())) {
         between = holdsSlash(base) || holdsSlash(tail) ? L'/' : L'\\';
     }
-    const std::size_t length = base.size() + (between != 0 ? 1 : 0) + tail.size();
-    CString joined;
-    wchar_t* to = joined.GetBufferSetLength(static_cast<int>(length));
-    to = std::copy(base.begin(), base.end(), to);
+    wchar_t* to = nullptr;
+    CString joined = StringAccess::ofLength(base.size() + (between != 0 ? 1 : 0) + tail.size(), to);
+    WideTraits::copy(to, base.data(), base.size());
+    to += base.size();
     if (between != 0) *to++ = between;
-    std::copy(tail.begin(), tail.end(), to);
-    joined.ReleaseBufferSetLength(static_cast<int>(length));
+    WideTraits::copy(to, tail.data(), tail.size());
     return joined;
 }
 

@@ -16,6 +16,8 @@ struct PathParts {
     WideView drive, folder, name, extension;
 };
 PathParts splitPath(WideView path);
+/// The extension with its dot, without looking at what is before it.
+WideView extensionPart(WideView path);
 
 /// The length of the drive part: 2 or 0.
 std::size_t driveLength(WideView path);

@@ -99,7 +99,7 @@ CString CFilePath::GetFileName() const { return textOf(namePart(viewOf(*this)));
 
 CString CFilePath::GetShortFileName() const { return textOf(orv::splitPath(viewOf(*this)).name); }
 
-CString CFilePath::GetFileExt() const { return textOf(bareExtension(orv::splitPath(viewOf(*this)).extension)); }
+CString CFilePath::GetFileExt() const { return textOf(bareExtension(orv::extensionPart(viewOf(*this)))); }
 
 CString CFilePath::GetDrive() const { return textOf(orv::splitPath(viewOf(*this)).drive); }
 
@@ -110,7 +110,7 @@ bool CFilePath::IsAbsolute() const { return orv::isAbsolutePath(viewOf(*this)); 
 bool CFilePath::IsUNC() const { return orv::isUncPath(viewOf(*this)); }
 
 bool CFilePath::IsFileExt(const CString& ext) const {
-    const WideView own = bareExtension(orv::splitPath(viewOf(*this)).extension);
+    const WideView own = bareExtension(orv::extensionPart(viewOf(*this)));
     return orv::equalIgnoringCase(bareExtension(viewOf(ext)), own);
 }
 

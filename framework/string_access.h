@@ -3,7 +3,9 @@
 #pragma once
 
 #include <cstddef>
+#include <new>
 
+#include "framework/string_data.h"
 #include "orv/framework/string.h"
 
 namespace orv {
@@ -14,6 +16,18 @@ struct StringAccess {
         if (text.data()->references.load(std::memory_order_acquire) != 1) return nullptr;
         room = static_cast<std::size_t>(text.data()->capacity);
         return text.text_;
+    }
+    /// A text of `length` characters, which the caller writes from `to` on.
+    static CString ofLength(std::size_t length, wchar_t*& to) {
+        CString made;
+        if (length > static_cast<std::size_t>(kMaximumTextLength)) throw std::bad_alloc();
+        if (length == 0) {
+            to = nullptr;
+            return made;
+        }
+        to = made.text_ = allocateText(static_cast<int>(length));
+        made.setLength(static_cast<int>(length));
+        return made;
     }
     /// Ends the text behind `length` characters, for which there is room.
     static void setLength(CString& text, std::size_t length) { text.setLength(static_cast<int>(length)); }

@@ -4,12 +4,10 @@
 // - Nothing throws and nothing shows a message: failure is false, or the value that is named. What was done before a
 //   failure stays done.
 // - Paths may be longer than the system's old limit of 260 characters. On systems that separate by "/" alone a
-// backslash
-//   separates as well, and an entry whose name holds one, or is no text, cannot be named here: it is passed over, and
-//   whatever must not miss an entry (copying, removing) fails.
+//   backslash separates as well, and an entry whose name holds one, or is no text, cannot be named here: it is passed
+//   over, and whatever must not miss an entry (copying, removing) fails.
 // - Links: a link or junction counts as what it names, and every recursion follows it, but enters each real folder
-// once,
-//   so that a loop ends. Removing takes the link itself and leaves what it names.
+//   once, so that a loop ends. Removing takes the link itself and leaves what it names.
 // - Patterns are the system's: "*" and "?", ignoring case, "*.*" meaning "*".
 // - For several threads at once; a CFindFiles belongs to one thread at a time.
 #pragma once

@@ -156,12 +156,3 @@ ORV_API int vercmp(const wchar_t* a, const wchar_t* b);
 ORV_API int GetArgumentFromCmdLine(const wchar_t* cmdLine, const wchar_t* switchName, CString& argument);
 /// 1 if the switch stands there as /NAME, -NAME or, behind a blank, as NAME; with ":" behind it, it does not.
 ORV_API int CheckSwitchInCmdLine(const wchar_t* cmdLine, const wchar_t* switchName);
-
-namespace orv {
-
-template <>
-struct FormatText<CDirPath> : FormatText<CString> {};
-template <>
-struct FormatText<CFilePath> : FormatText<CString> {};
-
-}  // namespace orv
