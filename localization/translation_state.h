@@ -1,0 +1,63 @@
+// What a translation module holds, and the lock under which all of it is used.
+#pragma once
+
+#include <deque>
+#include <mutex>
+
+#include "localization/text_cache.h"
+#include "localization/wordbook.h"
+#include "orv/translation.h"
+
+namespace orv {
+
+/// Guards every module, the manager, the caches, the region and the list of missed texts.
+std::mutex& translationLock();
+
+/// Counts the changes of what all modules' untranslated results depend on.
+struct Region {
+    CString token;
+    unsigned generation = 0;
+
+    bool isSwiss() const { return token == L"CHE"; }
+};
+Region& region();
+
+/// Notes a text that no wordbook has, if that is asked for.
+void noteMissedText(const CString& language, WideView text);
+
+/// All calls are made under the lock.
+class TranslationState {
+  public:
+    explicit TranslationState(ModuleHandle instance) : instance_(instance) {}
+
+    ModuleHandle instance() const { return instance_; }
+    const CString& language() const { return language_; }
+    bool hasWordbooks() const { return !wordbooks_.empty(); }
+
+    int scanWordbookFiles(const CFilePath& module);
+    int scanDirectory(const CDirPath& folder, const CString& pattern);
+    void reload();
+
+    void setLanguage(const CString& language);
+    CString findBestLanguage(const CString& language) const;
+    void enumLanguages(CStringArray& languages) const;
+
+    /// In one language; null when there is none.
+    const CString* find(WideView text, std::uint32_t hash, const CString& language);
+    /// In a language, then in English.
+    const CString* findOrEnglish(WideView text, std::uint32_t hash, const CString& language);
+    CString translate(WideView text, const CString& language);
+    CString translateNarrow(std::string_view text);
+
+  private:
+    bool hasLanguage(const CString& language) const;
+
+    ModuleHandle instance_;
+    CString language_ = L"DE";
+    std::deque<Wordbook> wordbooks_;
+    unsigned generation_ = 0;
+    TextCache<wchar_t> untranslated_;
+    TextCache<char> widened_;
+};
+
+}  // namespace orv
