@@ -2,8 +2,8 @@
 
 #include "localization/key_context.h"
 #include "orv/files.h"
-#include "platform/code_pages.h"
 #include "platform/program.h"
+#include "text/text_encodings.h"
 #include "text/views.h"
 
 namespace orv {
@@ -11,10 +11,6 @@ namespace {
 
 constexpr wchar_t kAlmostEqual = L'\x2248';
 constexpr wchar_t kSharpS = L'\xDF';
-constexpr unsigned kNarrowPage = 1252;
-
-constinit std::mutex lock;
-
 CString upperCase(CString text) { return text.MakeUpper(); }
 
 /// The German text: what is shown where nothing is translated.
@@ -27,7 +23,10 @@ CString untranslated(WideView text, bool isSwiss) {
 
 }  // namespace
 
-std::mutex& translationLock() { return lock; }
+std::mutex& translationLock() {
+    static std::mutex only;
+    return only;
+}
 
 Region& region() {
     static Region only;
@@ -145,8 +144,8 @@ CString TranslationState::translateNarrow(std::string_view text) {
     const std::uint32_t hash = hashBytes(text.data(), text.size());
     const CString* known = widened_.find(text, hash);
     if (known == nullptr) {
-        WideString wide;
-        platform::decode(kNarrowPage, text, wide);
+        WideString wide(text.size(), 0);
+        decodeWindows1252(text, wide.data());
         known = &widened_.add(text, hash, textOf(wide));
     }
     return translate(viewOf(*known), language_);

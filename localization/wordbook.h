@@ -9,6 +9,8 @@
 
 namespace orv {
 
+struct WordbookEntry;
+
 class Wordbook {
   public:
     /// The language is the file's extension.
@@ -30,7 +32,7 @@ class Wordbook {
     };
 
     bool load();
-    void addLine(wchar_t* line, wchar_t* separator, wchar_t* end, bool hasBackslash);
+    void add(const WordbookEntry& line);
     WideView sourceOf(const Entry& entry) const { return {text_.data() + entry.sourceAt, entry.sourceLength}; }
 
     CFilePath path_;

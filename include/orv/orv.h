@@ -19,3 +19,4 @@
 #include "orv/vector_level.h"
 #include "orv/version.h"
 #include "orv/wide.h"
+#include "orv/wordbooks.h"
