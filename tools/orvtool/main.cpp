@@ -23,8 +23,8 @@ int run(const std::vector<std::string>& words) {
     orvtool::addRecordCommands(app, outcome);
     orvtool::addMatchCommands(app, outcome);
     orvtool::addPathCommands(app, outcome);
-
     orvtool::addTableCommands(app, outcome);
+    orvtool::addWordbookCommands(app, outcome);
     try {
         app.parse(std::vector<std::string>(words.rbegin(), words.rend()));  // the parser takes them last first
     } catch (const CLI::ParseError& error) {
