@@ -1,8 +1,8 @@
 #include "framework/vector.h"
 
-// The address sanitizer would take the reads behind a text's end, on the same page, for overruns. They cannot fault,
+// The sanitizers would take the reads behind a text's end, on the same page, for overruns. They cannot fault,
 // what lies behind the NUL changes no result, and this file is the only one that is excused.
-#define ORV_READS_WHOLE_BLOCKS __attribute__((no_sanitize("address")))
+#define ORV_READS_WHOLE_BLOCKS __attribute__((no_sanitize("address", "thread")))
 
 namespace orv {
 

@@ -32,7 +32,8 @@ std::map<CString, CString> slowly(const CString& path) {
     check(orvStrUtil::readStringlistFromFile(lines, path, 1252, false));
     for (POSITION at = lines.GetHeadPosition(); at != nullptr;) {
         const CString line = lines.GetNext(at);
-        if (line.Find(L'\0') >= 0) continue;  // no text that is asked for holds one
+        const orv::WideView view(line.GetString(), static_cast<std::size_t>(line.GetLength()));
+        if (view.find(L'\0') != orv::WideView::npos) continue;  // no text that is asked for holds one
         const int separator = line.Find(L" <*> ");
         if (separator < 0) continue;
         const CString source = unescaped(line.Left(separator));

@@ -28,7 +28,7 @@ inline std::uint32_t hashBytes(const void* bytes, std::size_t count) {
         }
         if (at + kWord <= count) hash = (hash ^ word(from + at)) * kOdd;
         hash = (hash ^ (hash >> 32) ^ word(from + count - kWord)) * kOdd;
-    } else {
+    } else if (count != 0) {
         std::uint64_t last = 0;
         std::memcpy(&last, from, count);
         hash = (hash ^ last) * kOdd;

@@ -11,7 +11,7 @@
 
 // The kernels load whole vectors from texts of unknown length, and so may read behind the closing NUL; never into
 // another page, so that no such load can fault. The address sanitizer must be told.
-#define ORV_READS_TO_PAGE_END __attribute__((no_sanitize("address")))
+#define ORV_READS_TO_PAGE_END __attribute__((no_sanitize("address", "thread")))
 
 namespace orv {
 
