@@ -39,8 +39,6 @@ MissedTexts& missed() {
     return only;
 }
 
-using Guard = std::lock_guard<std::mutex>;
-
 }  // namespace
 
 void noteMissedText(const CString& language, WideView text) {
@@ -48,26 +46,26 @@ void noteMissedText(const CString& language, WideView text) {
 }
 
 void collectMissedTexts(bool collect) {
-    const Guard guard(translationLock());
+    const TranslationGuard guard(translationLock());
     if (collect) missed().clear();
     missed().isOn = collect;
 }
 
 void missedTexts(CArray<MissedText, const MissedText&>& texts) {
-    const Guard guard(translationLock());
+    const TranslationGuard guard(translationLock());
     texts.RemoveAll();
     for (const MissedText& text : missed().texts())
         texts.Add(text);
 }
 
 void setRegionToken(const CString& token) {
-    const Guard guard(translationLock());
+    const TranslationGuard guard(translationLock());
     region().token = token;
     ++region().generation;
 }
 
 CString regionToken() {
-    const Guard guard(translationLock());
+    const TranslationGuard guard(translationLock());
     return region().token;
 }
 

@@ -21,7 +21,7 @@ class TextCache {
 
     /// Null when there is none; valid until the next call of add or clear.
     const CString* find(View key, std::uint32_t hash) const {
-        const std::uint32_t at = index_.find(hash, [&](std::uint32_t i) { return View(entries_[i].key) == key; });
+        const std::uint32_t at = index_.find(hash, [&](std::uint32_t i) { return isKey(entries_[i].key, key); });
         return at == HashIndex::kNone ? nullptr : &entries_[at].result;
     }
     const CString& add(View key, std::uint32_t hash, const CString& result) {
@@ -37,6 +37,9 @@ class TextCache {
 
   private:
     using Key = std::conditional_t<std::is_same_v<Unit, wchar_t>, WideString, std::string>;
+    static bool isKey(const Key& own, View key) {
+        return own.size() == key.size() && std::memcmp(own.data(), key.data(), key.size() * sizeof(Unit)) == 0;
+    }
     struct Entry {
         Key key;
         CString result;

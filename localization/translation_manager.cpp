@@ -38,8 +38,6 @@ struct CTranslationManager::Modules {
 
 namespace {
 
-using Guard = std::lock_guard<std::mutex>;
-
 CTranslationManager* manager = nullptr;
 
 }  // namespace
@@ -49,55 +47,55 @@ CTranslationManager::CTranslationManager() : modules_(new Modules) {}
 CTranslationManager::~CTranslationManager() { delete modules_; }
 
 CTranslationManager& CTranslationManager::GetInstance() {
-    const Guard guard(orv::translationLock());
+    const orv::TranslationGuard guard(orv::translationLock());
     if (manager == nullptr) manager = new CTranslationManager;
     return *manager;
 }
 
 void CTranslationManager::Release() {
-    const Guard guard(orv::translationLock());
+    const orv::TranslationGuard guard(orv::translationLock());
     delete manager;
     manager = nullptr;
 }
 
 CTranslationModule* CTranslationManager::AddModule(orv::ModuleHandle instance, const CFilePath& modulePath) {
-    const Guard guard(orv::translationLock());
+    const orv::TranslationGuard guard(orv::translationLock());
     return &modules_->add(instance, modulePath);
 }
 
 CTranslationModule* CTranslationManager::FindModule(orv::ModuleHandle instance) {
-    const Guard guard(orv::translationLock());
+    const orv::TranslationGuard guard(orv::translationLock());
     return modules_->find(instance);
 }
 
 bool CTranslationManager::RemoveModule(orv::ModuleHandle instance) {
-    const Guard guard(orv::translationLock());
+    const orv::TranslationGuard guard(orv::translationLock());
     const CTranslationModule* module = modules_->find(instance);
     return std::erase_if(modules_->all, [&](const auto& one) { return one.get() == module; }) != 0;
 }
 
 void CTranslationManager::SetLanguage(const CString& language) {
     if (language.IsEmpty()) return;
-    const Guard guard(orv::translationLock());
+    const orv::TranslationGuard guard(orv::translationLock());
     modules_->language = language;
     for (const auto& module : modules_->all)
         module->state_->setLanguage(language);
 }
 
 void CTranslationManager::SetPrintLanguage(const CString& language) {
-    const Guard guard(orv::translationLock());
+    const orv::TranslationGuard guard(orv::translationLock());
     if (!language.IsEmpty()) modules_->printLanguage = language;
 }
 
 CString CTranslationManager::GetActualLanguage() {
-    const Guard guard(orv::translationLock());
+    const orv::TranslationGuard guard(orv::translationLock());
     const CTranslationModule* module = modules_->find(nullptr);
     if (module == nullptr && !modules_->all.empty()) module = modules_->all.front().get();
     return module != nullptr ? module->state_->language() : CString(L"DE");
 }
 
 CString CTranslationManager::GetActualPrintLanguage() {
-    const Guard guard(orv::translationLock());
+    const orv::TranslationGuard guard(orv::translationLock());
     const CTranslationModule* module = modules_->find(nullptr);
     if (module == nullptr && !modules_->all.empty()) module = modules_->all.front().get();
     if (module == nullptr) return L"DE";
@@ -106,7 +104,7 @@ CString CTranslationManager::GetActualPrintLanguage() {
 }
 
 void CTranslationManager::ResetLanguage() {
-    const Guard guard(orv::translationLock());
+    const orv::TranslationGuard guard(orv::translationLock());
     modules_->language.Empty();
     modules_->printLanguage.Empty();
     for (const auto& module : modules_->all)
@@ -114,20 +112,20 @@ void CTranslationManager::ResetLanguage() {
 }
 
 void CTranslationManager::Reload() {
-    const Guard guard(orv::translationLock());
+    const orv::TranslationGuard guard(orv::translationLock());
     for (const auto& module : modules_->all)
         module->state_->reload();
 }
 
 CString CTranslationManager::GetDataText(const wchar_t* text, CTranslationModule* module) {
-    const Guard guard(orv::translationLock());
+    const orv::TranslationGuard guard(orv::translationLock());
     orv::TranslationState& state = *(module != nullptr ? *module : modules_->host()).state_;
     const CString& print = modules_->printLanguage;
     return state.translate(orv::viewOf(text), print.IsEmpty() ? state.language() : state.findBestLanguage(print));
 }
 
 CTranslationModule& CTranslationManager::LibraryModule() {
-    const Guard guard(orv::translationLock());
+    const orv::TranslationGuard guard(orv::translationLock());
     if (orv::libraryHandle() != nullptr) {
         CTranslationModule& library = modules_->findOrAdd(orv::libraryHandle(), orv::libraryPath);
         if (library.state_->hasWordbooks()) return library;
@@ -136,6 +134,6 @@ CTranslationModule& CTranslationManager::LibraryModule() {
 }
 
 CTranslationModule& CTranslationManager::hostModule() {
-    const Guard guard(orv::translationLock());
+    const orv::TranslationGuard guard(orv::translationLock());
     return modules_->host();
 }

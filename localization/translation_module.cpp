@@ -15,7 +15,7 @@ class Locked {
     TranslationState* operator->() const { return state_; }
 
   private:
-    std::lock_guard<std::mutex> guard_;
+    orv::TranslationGuard guard_;
     TranslationState* state_;
 };
 

@@ -11,6 +11,12 @@ namespace {
 
 constexpr wchar_t kAlmostEqual = L'\x2248';
 constexpr wchar_t kSharpS = L'\xDF';
+/// As == L"DE", which is a call.
+bool isGerman(const CString& language) {
+    const wchar_t* const letters = language.GetString();
+    return letters[0] == L'D' && letters[1] == L'E' && letters[2] == 0;
+}
+
 CString upperCase(CString text) { return text.MakeUpper(); }
 
 /// The German text: what is shown where nothing is translated.
@@ -23,8 +29,8 @@ CString untranslated(WideView text, bool isSwiss) {
 
 }  // namespace
 
-std::mutex& translationLock() {
-    static std::mutex only;
+TranslationLock& translationLock() {
+    static constinit TranslationLock only;
     return only;
 }
 
@@ -78,6 +84,9 @@ void TranslationState::reload() {
 
 void TranslationState::setLanguage(const CString& language) {
     language_ = findBestLanguage(language);
+    for (const Wordbook& book : wordbooks_) {
+        if (book.language() == language_) language_ = book.language();  // the same characters compare at once
+    }
     untranslated_.clear();
 }
 
@@ -129,7 +138,7 @@ CString TranslationState::translate(WideView text, const CString& language) {
     if (text.starts_with(kAlmostEqual)) text.remove_prefix(1);
     if (text.empty()) return {};
     const std::uint32_t hash = hashText(text);
-    if (language != L"DE") {
+    if (!isGerman(language)) {
         if (const CString* found = findOrEnglish(text, hash, language)) return *found;
     }
     if (generation_ != region().generation) {

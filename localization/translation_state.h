@@ -5,13 +5,15 @@
 #include <mutex>
 
 #include "localization/text_cache.h"
+#include "localization/translation_lock.h"
 #include "localization/wordbook.h"
 #include "orv/translation.h"
 
 namespace orv {
 
 /// Guards every module, the manager, the caches, the region and the list of missed texts.
-std::mutex& translationLock();
+TranslationLock& translationLock();
+using TranslationGuard = std::lock_guard<TranslationLock>;
 
 /// Counts the changes of what all modules' untranslated results depend on.
 struct Region {

@@ -9,55 +9,67 @@ Wordbook::Wordbook(const CFilePath& path) : path_(path), language_(path.GetFileE
 
 void Wordbook::unload() {
     isLoaded_ = false;
-    text_.clear();
+    text_.Empty();
     entries_.clear();
-    results_.clear();
     index_.clear();
 }
 
 const CString* Wordbook::find(WideView text, std::uint32_t hash) {
     if (!isLoaded_ && !load()) return nullptr;
-    const std::uint32_t at = index_.find(hash, [&](std::uint32_t i) { return sourceOf(entries_[i]) == text; });
+    const std::uint32_t at = index_.find(hash, [&](std::uint32_t i) { return sameText(sourceOf(entries_[i]), text); });
     if (at == HashIndex::kNone) return nullptr;
-    if (results_[at].IsEmpty()) {
-        const Entry& entry = entries_[at];
-        results_[at].SetString(text_.data() + entry.translationAt, static_cast<int>(entry.translationLength));
+    Entry& entry = entries_[at];
+    if (entry.result.IsEmpty()) {
+        entry.result.SetString(text_.GetString() + entry.translationAt, static_cast<int>(entry.translationLength));
     }
-    return &results_[at];
+    return &entry.result;
 }
 
 bool Wordbook::load() {
     CString content;
     if (!orvStrUtil::readStringBufferFromFile(content, path_, kWordbookPage, false)) return false;
     unload();
-    text_.reserve(static_cast<std::size_t>(content.GetLength()) + 1);
-    text_.assign(content.GetString(), static_cast<std::size_t>(content.GetLength()));
-    text_.push_back(0);  // the one character more
-    constexpr std::size_t kUsualLine = 40;
-    entries_.reserve(text_.size() / kUsualLine);
-    index_.reserve(text_.size() / kUsualLine);
-    WordbookLines lines(text_.data(), text_.data() + text_.size() - 1);
-    for (WordbookEntry line; lines.next(line);)
-        add(line);
-    results_.resize(entries_.size());
+    text_ = std::move(content);
+    const auto length = static_cast<std::size_t>(text_.GetLength());
+    wchar_t* const begin = text_.GetBuffer();  // the place of its NUL is the one character more
+    const auto placeOf = [&](WideView part) { return static_cast<std::uint32_t>(part.data() - begin); };
+    const auto lengthOf = [](WideView part) { return static_cast<std::uint32_t>(part.size()); };
+    constexpr std::size_t kUsualLine = 50;
+    entries_.reserve(length / kUsualLine);
+    WordbookLines lines(begin, begin + length);
+    for (WordbookEntry line; lines.next(line);) {
+        entries_.push_back(
+            {placeOf(line.source), lengthOf(line.source), placeOf(line.translation), lengthOf(line.translation), {}});
+    }
+    indexEntries();
     isLoaded_ = true;
     return true;
 }
 
-void Wordbook::add(const WordbookEntry& line) {
-    const auto placeOf = [&](WideView part) { return static_cast<std::uint32_t>(part.data() - text_.data()); };
-    const auto lengthOf = [](WideView part) { return static_cast<std::uint32_t>(part.size()); };
-    const Entry entry{placeOf(line.source), lengthOf(line.source), placeOf(line.translation),
-                      lengthOf(line.translation)};
-    const std::uint32_t hash = hashText(line.source);
-    const std::uint32_t known =
-        index_.find(hash, [&](std::uint32_t i) { return sourceOf(entries_[i]) == line.source; });
-    if (known != HashIndex::kNone) {
-        entries_[known] = entry;
-        return;
+// A slot is asked for some entries ahead: most are far from each other in memory.
+void Wordbook::indexEntries() {
+    constexpr std::size_t kAhead = 16;
+    index_.reserve(entries_.size());
+    std::uint32_t hashes[kAhead];
+    for (std::size_t i = 0; i < entries_.size() + kAhead; ++i) {
+        if (i >= kAhead) {
+            const std::size_t at = i - kAhead;
+            const WideView source = sourceOf(entries_[at]);
+            const std::uint32_t hash = hashes[at % kAhead];
+            const std::uint32_t known =
+                index_.find(hash, [&](std::uint32_t e) { return sameText(sourceOf(entries_[e]), source); });
+            if (known == HashIndex::kNone) {
+                index_.add(hash, static_cast<std::uint32_t>(at));
+            } else {
+                entries_[known].translationAt = entries_[at].translationAt;  // the last line counts
+                entries_[known].translationLength = entries_[at].translationLength;
+            }
+        }
+        if (i < entries_.size()) {
+            hashes[i % kAhead] = hashText(sourceOf(entries_[i]));
+            index_.prefetch(hashes[i % kAhead]);
+        }
     }
-    entries_.push_back(entry);
-    index_.add(hash, static_cast<std::uint32_t>(entries_.size() - 1));
 }
 
 }  // namespace orv

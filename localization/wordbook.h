@@ -9,8 +9,6 @@
 
 namespace orv {
 
-struct WordbookEntry;
-
 class Wordbook {
   public:
     /// The language is the file's extension.
@@ -29,18 +27,18 @@ class Wordbook {
     struct Entry {
         std::uint32_t sourceAt, sourceLength;
         std::uint32_t translationAt, translationLength;
+        CString result;  // the translation, made when it is first asked for
     };
 
     bool load();
-    void add(const WordbookEntry& line);
-    WideView sourceOf(const Entry& entry) const { return {text_.data() + entry.sourceAt, entry.sourceLength}; }
+    void indexEntries();
+    WideView sourceOf(const Entry& entry) const { return {text_.GetString() + entry.sourceAt, entry.sourceLength}; }
 
     CFilePath path_;
     CString language_;
     bool isLoaded_ = false;
-    WideString text_;
+    CString text_;
     std::vector<Entry> entries_;
-    std::vector<CString> results_;  // made when first asked for
     HashIndex index_;
 };
 
