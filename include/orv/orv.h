@@ -1,6 +1,7 @@
 // Everything that the library offers.
 #pragma once
 
+#include "orv/expressions.h"
 #include "orv/files.h"
 #include "orv/find_record.h"
 #include "orv/framework.h"
@@ -10,6 +11,7 @@
 #include "orv/matrices.h"
 #include "orv/messages.h"
 #include "orv/numbers.h"
+#include "orv/numeric_strings.h"
 #include "orv/paths.h"
 #include "orv/random.h"
 #include "orv/records.h"

@@ -25,6 +25,7 @@ struct Outcome {
 
 void addTextCommands(CLI::App& app, Outcome& outcome);
 void addRecordCommands(CLI::App& app, Outcome& outcome);
+void addEvalCommands(CLI::App& app, Outcome& outcome);
 void addMatchCommands(CLI::App& app, Outcome& outcome);  // match, sort, md5
 void addPathCommands(CLI::App& app, Outcome& outcome);
 void addTableCommands(CLI::App& app, Outcome& outcome);

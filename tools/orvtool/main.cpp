@@ -21,6 +21,7 @@ int run(const std::vector<std::string>& words) {
     orvtool::Outcome outcome;
     orvtool::addTextCommands(app, outcome);
     orvtool::addRecordCommands(app, outcome);
+    orvtool::addEvalCommands(app, outcome);
     orvtool::addMatchCommands(app, outcome);
     orvtool::addPathCommands(app, outcome);
     orvtool::addTableCommands(app, outcome);

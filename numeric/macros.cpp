@@ -1,0 +1,30 @@
+#include "numeric/macros.h"
+
+namespace orv {
+
+NumericState& numericState(ExpressionDialect dialect) {
+    static NumericState states[2];
+    return states[dialect == ExpressionDialect::kFortran ? 1 : 0];
+}
+
+bool MacroNames::macroText(WideView name, CString& text) {
+    const auto callback = state_.callbacks.find(name);
+    if (callback != state_.callbacks.end()) {
+        CString result;
+        if (callback->second(name.data(), result) != 0) {
+            text = result;
+            return true;
+        }
+    }
+    const CString* found = state_.textOf(name);
+    if (found != nullptr) text = *found;
+    return found != nullptr;
+}
+
+bool MacroNames::arrayElement(WideView name, int index, CString& text) {
+    const CString* found = state_.elementOf(name, index);
+    if (found != nullptr) text = *found;
+    return found != nullptr;
+}
+
+}  // namespace orv
