@@ -5,7 +5,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "framework/characters.h"
+#include "numeric/character_kinds.h"
 #include "text/views.h"
 
 namespace orv {
@@ -17,8 +17,6 @@ int truncated(double value) {
     if (std::isnan(value)) return 0;
     return value >= INT_MAX ? INT_MAX : value <= INT_MIN ? INT_MIN : static_cast<int>(value);
 }
-
-bool isNameCharacter(wchar_t ch) { return isAlphanumeric(ch) || ch == L'_'; }
 
 WideView trimmed(WideView text) {
     while (!text.empty() && isSpace(text.front()))
@@ -47,37 +45,56 @@ class Evaluator::Nested {
 // ---- Tokens ----
 
 void Evaluator::read(CommaMeans comma) {
-    while (at_ < end_ && *at_ != L'\n' && isSpace(*at_))
+    while (at_ < end_ && kindOf(*at_) == CharacterKind::kSpace)
         ++at_;
     token_.at = at_;
     token_.end = at_;
-    if (hasFailed() || at_ == end_) {
+    if (at_ == end_) {
         token_.kind = Kind::kEnd;
         return;
     }
     const wchar_t ch = *at_;
-    const bool isComma = ch == L',' && comma == CommaMeans::kSeparator;
-    const bool digitBehind = end_ - at_ > 1 && isAsciiDigit(at_[1]);
-    if (isAsciiDigit(ch) || ((ch == L',' || ch == L'.') && digitBehind && !isComma)) return readNumber(comma);
-    if (isLetter(ch) || ch == L'_') return readName();
+    token_.sign = ch;
+    switch (kindOf(ch)) {
+        case CharacterKind::kDigit:
+            return readNumber(comma);
+        case CharacterKind::kLetter:
+            return readName();
+        case CharacterKind::kPoint:
+            if (end_ - at_ > 1 && isAsciiDigit(at_[1]) && (ch == L'.' || comma != CommaMeans::kSeparator)) {
+                return readNumber(comma);
+            }
+            [[fallthrough]];
+        case CharacterKind::kStop:
+            token_.end = ++at_;
+            token_.kind = Kind::kStatementEnd;
+            return;
+        case CharacterKind::kFortranSign:
+            if (dialect_ != ExpressionDialect::kFortran) break;
+            [[fallthrough]];
+        case CharacterKind::kSign:
+            token_.end = ++at_;
+            token_.kind = Kind::kOperator;
+            return;
+        default:
+            break;
+    }
     token_.end = ++at_;
-    if (ch == L'\n' || ch == L';' || ch == L',' || ch == L'.') {
-        token_.kind = Kind::kStatementEnd;
-        token_.sign = ch;
-        return;
-    }
-    constexpr WideView kSigns = L"+-*/%()^|";
-    constexpr WideView kFortranSigns = L"[]";
-    if (kSigns.find(ch) != WideView::npos ||
-        (dialect_ == ExpressionDialect::kFortran && kFortranSigns.find(ch) != WideView::npos)) {
-        token_.kind = Kind::kOperator;
-        token_.sign = ch;
-        return;
-    }
     fail(kInvalidCharacter);
 }
 
 void Evaluator::readNumber(CommaMeans comma) {
+    if (comma == CommaMeans::kDecimal) {
+        const PlainNumber plain = readPlainNumber(at_, end_);
+        if (plain.length != 0) {
+            at_ += plain.length;
+            token_.end = at_;
+            token_.kind = Kind::kNumber;
+            token_.value = plain.value;
+            if (plain.mayMeanThousands) result_.warnings |= kCommaReadAsPoint;
+            return;
+        }
+    }
     const std::size_t length = numberRunLength(at_, end_, comma);
     const WideView run(at_, length);
     at_ += length;
@@ -135,13 +152,13 @@ bool Evaluator::macroValue(const CString& text, double& value) {
         fail(kSyntaxError);
         return false;
     }
-    const Evaluation inner = Evaluator(expression, names_->inMacros(), dialect_, limits_).run();
+    Evaluation inner = Evaluator(expression, names_->inMacros(), dialect_, limits_).run();
     if (inner.ok) {
         value = inner.value;
         return true;
     }
     const unsigned warnings = result_.warnings;
-    result_ = inner;
+    result_ = std::move(inner);
     result_.isInMacro = true;
     result_.warnings |= warnings;
     at_ = end_;
@@ -232,7 +249,8 @@ double Evaluator::power(CommaMeans comma) {
     const double base = primary(comma);
     if (!isOperator(L'^')) return base;
     read(comma);
-    return std::pow(base, primary(comma));
+    const double exponent = primary(comma);
+    return exponent == 2 ? base * base : std::pow(base, exponent);  // the square is exact either way
 }
 
 // ODDITY(expression-missing-operand): the end of the text is an operand of 1, so that 2+ is 3. Pinned by
@@ -365,7 +383,7 @@ double Evaluator::intrinsic(Keyword keyword, double x) {
 
 /// ICHAR(name): the name is not evaluated.
 double Evaluator::codeOfMacro() {
-    while (at_ < end_ && isSpace(*at_))
+    while (at_ < end_ && kindOf(*at_) == CharacterKind::kSpace)
         ++at_;
     const wchar_t* const begin = at_;
     while (at_ < end_ && isNameCharacter(*at_))
@@ -384,12 +402,12 @@ double Evaluator::codeOfMacro() {
 
 Evaluation Evaluator::run() {
     read();
-    if (token_.kind == Kind::kEnd && !hasFailed()) return result_;
+    if (token_.kind == Kind::kEnd && !hasFailed()) return std::move(result_);
     const double value = expression();
     if (!hasFailed() && token_.kind != Kind::kEnd) fail(kSyntaxError);
     result_.ok = !hasFailed();
     result_.value = result_.ok ? value : 0;
-    return result_;
+    return std::move(result_);
 }
 
 bool Evaluator::runChar(double& code) {

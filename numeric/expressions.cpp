@@ -1,6 +1,6 @@
 #include "orv/expressions.h"
 
-#include "framework/characters.h"
+#include "numeric/character_kinds.h"
 #include "numeric/evaluator.h"
 #include "text/views.h"
 
@@ -49,8 +49,8 @@ void namesInExpression(WideView text, CStringArray& names, ExpressionDialect dia
         std::size_t end = at + 1;
         if (isAsciiDigit(ch)) {
             end = at + numberRunLength(text.data() + at, text.data() + text.size(), CommaMeans::kDecimal);
-        } else if (isLetter(ch) || ch == L'_') {
-            while (end < text.size() && (isAlphanumeric(text[end]) || text[end] == L'_'))
+        } else if (kindOf(ch) == CharacterKind::kLetter) {
+            while (end < text.size() && isNameCharacter(text[end]))
                 ++end;
             const WideView name = text.substr(at, end - at);
             if (keywordOf(name, dialect) == Keyword::kNone) addOnce(names, name);

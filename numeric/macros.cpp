@@ -8,10 +8,10 @@ NumericState& numericState(ExpressionDialect dialect) {
 }
 
 bool MacroNames::macroText(WideView name, CString& text) {
-    const auto callback = state_.callbacks.find(name);
-    if (callback != state_.callbacks.end()) {
+    if (!state_.callbacks.empty()) {
+        const auto callback = state_.callbacks.find(name);
         CString result;
-        if (callback->second(name.data(), result) != 0) {
+        if (callback != state_.callbacks.end() && callback->second(name.data(), result) != 0) {
             text = result;
             return true;
         }

@@ -14,28 +14,6 @@ bool isPoint(wchar_t ch) { return ch == L',' || ch == L'.'; }
 bool isE(wchar_t ch) { return ch == L'E' || ch == L'e'; }
 bool isX(wchar_t ch) { return ch == L'X' || ch == L'x'; }
 
-/// Digits with at most one point, so few that the quotient of two exact doubles is the nearest one; false: another way.
-bool plainNumber(WideView run, double& value) {
-    constexpr std::size_t kExactDigits = 15;
-    constexpr double kPowers[] = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-    if (run.size() > kExactDigits) return false;
-    std::int64_t digits = 0;
-    std::size_t decimals = 0;
-    bool hasPoint = false;
-    for (const wchar_t ch : run) {
-        if (isAsciiDigit(ch)) {
-            digits = digits * 10 + (ch - L'0');
-            decimals += hasPoint ? 1 : 0;
-        } else if (isPoint(ch) && !hasPoint) {
-            hasPoint = true;
-        } else {
-            return false;
-        }
-    }
-    value = static_cast<double>(digits) / kPowers[decimals];
-    return true;
-}
-
 bool hexadecimal(WideView digits, double& value) {
     if (digits.empty()) return false;
     double sum = 0;
@@ -65,8 +43,30 @@ std::size_t numberRunLength(const wchar_t* at, const wchar_t* end, CommaMeans co
     return static_cast<std::size_t>(at - begin);
 }
 
+PlainNumber readPlainNumber(const wchar_t* at, const wchar_t* end) {
+    // So few digits that the quotient of two exact doubles is the nearest one.
+    constexpr std::ptrdiff_t kExactDigits = 15;
+    constexpr double kPowers[] = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    const wchar_t* const begin = at;
+    std::int64_t digits = 0;
+    const auto take = [&] {
+        const wchar_t* const first = at;
+        for (; at < end && isAsciiDigit(*at) && at - begin <= kExactDigits; ++at)
+            digits = digits * 10 + (*at - L'0');
+        return at - first;
+    };
+    const std::ptrdiff_t whole = take();
+    const wchar_t point = at < end && isPoint(*at) ? *at : L'\0';
+    if (point != 0) ++at;
+    const std::ptrdiff_t decimals = point != 0 ? take() : 0;
+    const bool isAll = at == end || (!isAsciiDigit(*at) && !isPoint(*at) && !isE(*at) && !isX(*at));
+    if (!isAll || whole + decimals > kExactDigits) return {};
+    constexpr std::ptrdiff_t kGroup = 3;
+    return {static_cast<double>(digits) / kPowers[decimals], static_cast<std::size_t>(at - begin),
+            point == L',' && decimals == kGroup && whole >= 1 && whole <= kGroup && *begin != L'0'};
+}
+
 bool numberOfRun(WideView run, double& value) {
-    if (plainNumber(run, value)) return true;
     if (run.size() >= 2 && run[0] == L'0' && isX(run[1])) return hexadecimal(run.substr(2), value);
     if (run.size() > kLongestToken) return false;
     wchar_t text[kLongestToken];

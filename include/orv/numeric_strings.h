@@ -100,8 +100,8 @@ class ORV_API NumericString {
     int reformat_ = 0;
 };
 
-extern template class NumericString<ExpressionDialect::kCalculator>;
-extern template class NumericString<ExpressionDialect::kFortran>;
+extern template class ORV_API NumericString<ExpressionDialect::kCalculator>;
+extern template class ORV_API NumericString<ExpressionDialect::kFortran>;
 
 }  // namespace orv
 
