@@ -84,7 +84,8 @@ struct Slowly {
         const double base = primary();
         if (!is(L"^")) return base;
         next();
-        return std::pow(base, primary());
+        const double exponent = primary();
+        return exponent == 2 ? base * base : std::pow(base, exponent);
     }
     double primary() {
         if (is(L"-")) {

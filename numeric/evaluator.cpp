@@ -250,7 +250,7 @@ double Evaluator::power(CommaMeans comma) {
     if (!isOperator(L'^')) return base;
     read(comma);
     const double exponent = primary(comma);
-    return exponent == 2 ? base * base : std::pow(base, exponent);  // the square is exact either way
+    return exponent == 2 ? base * base : std::pow(base, exponent);  // squares are most
 }
 
 // ODDITY(expression-missing-operand): the end of the text is an operand of 1, so that 2+ is 3. Pinned by
