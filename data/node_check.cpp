@@ -4,13 +4,12 @@
 
 #include "data/node_state.h"
 #include "orv/wide.h"
+#include "text/views.h"
 
 namespace orv {
 namespace {
 
 using Kind = NodeProblem::Kind;
-
-WideView viewOf(const CString& text) { return {text.GetString(), static_cast<std::size_t>(text.GetLength())}; }
 
 bool breaksLine(wchar_t ch) { return ch == 0 || ch == L'\r' || ch == L'\n'; }
 

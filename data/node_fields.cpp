@@ -7,8 +7,11 @@
 #include "localization/translate.h"
 #include "orv/numbers.h"
 #include "orv/wide.h"
+#include "text/views.h"
 
 namespace {
+
+using orv::viewOf;
 
 constexpr wchar_t kColon = L'\u00AE';
 constexpr wchar_t kTranslated = L'\u2248';
@@ -28,9 +31,7 @@ void packInteger(std::int32_t number) {
     packRaw(digits);
 }
 
-orv::WideView viewOf(const CString& text) { return {text.GetString(), static_cast<std::size_t>(text.GetLength())}; }
-
-bool isFieldEnd(wchar_t ch) { return ch == 0 || ch == orv::nodeSeparator(); }
+orv::bool isFieldEnd(wchar_t ch) { return ch == 0 || ch == orv::nodeSeparator(); }
 
 CString readPlainField() {
     orv::WideString field;

@@ -9,17 +9,12 @@
 #include "framework/utf8.h"
 #include "orv/node_format.h"
 #include "orv/wide.h"
+#include "text/text_encodings.h"
 
 namespace {
 
 constexpr unsigned kChunk = 1U << 30;
-constexpr char kScrambleStep = 3;
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
-
-void shiftBytes(char* bytes, std::size_t count, char step) {
-    for (std::size_t i = 0; i < count; ++i)
-        bytes[i] = static_cast<char>(bytes[i] + step);
-}
 
 /// The bytes from where the file stands to its end.
 std::string_view readRest(CFile& file, std::uint64_t most, orv::LargeBlock& block, bool isScrambled) {
@@ -32,7 +27,7 @@ std::string_view readRest(CFile& file, std::uint64_t most, orv::LargeBlock& bloc
         size += got;
         if (got == 0) break;
     }
-    if (isScrambled) shiftBytes(block.data(), size, -kScrambleStep);
+    if (isScrambled) orv::unscramble(block.data(), size);
     return {block.data(), size};
 }
 
@@ -53,22 +48,10 @@ class FileText {
     orv::LargeBlock block_;
 };
 
-wchar_t windows1252(unsigned char byte) {
-    static constexpr wchar_t kUpper[] = {0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                         0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x8D,   0x017D, 0x8F,
-                                         0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                         0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
-    return byte >= 0x80 && byte < 0xA0 ? kUpper[byte - 0x80] : static_cast<wchar_t>(byte);
-}
-
 const wchar_t* decodeUtf16(std::string_view bytes, FileText& text) {
     const std::size_t count = (bytes.size() + 1) / 2;
     wchar_t* out = text.room(count);
-    for (std::size_t i = 0; i < bytes.size() / 2; ++i) {
-        const auto low = static_cast<unsigned char>(bytes[2 * i]);
-        const auto high = static_cast<unsigned char>(bytes[2 * i + 1]);
-        out[i] = static_cast<wchar_t>(low | high << 8);
-    }
+    orv::decodeUtf16(bytes, false, out);
     if (bytes.size() % 2 != 0) out[count - 1] = 0xFFFD;
     return text.end(count);
 }
@@ -91,8 +74,7 @@ const wchar_t* decode(CFile& file, bool isScrambled, FileText& text) {
     }
     file.SeekToBegin();
     const std::string_view bytes = readRest(file, length, block, isScrambled);
-    std::transform(bytes.begin(), bytes.end(), text.room(bytes.size()),
-                   [](char byte) { return windows1252(static_cast<unsigned char>(byte)); });
+    orv::decodeWindows1252(bytes, text.room(bytes.size()));
     return text.end(bytes.size());
 }
 
@@ -111,7 +93,7 @@ bool CProNodeBase::WriteToFile(CFile* file, bool scrambled, bool indented) const
         std::copy(kUtf8Mark.begin(), kUtf8Mark.end(), bytes.data());
         const std::size_t size =
             kUtf8Mark.size() + orv::encodeUtf8({characters, length}, bytes.data() + kUtf8Mark.size());
-        if (scrambled) shiftBytes(bytes.data(), size, kScrambleStep);
+        if (scrambled) orv::scramble(bytes.data(), size);
         for (std::size_t at = 0; at < size; at += kChunk) {
             if (!file->Write(bytes.data() + at, static_cast<unsigned>(std::min<std::size_t>(size - at, kChunk))))
                 return false;

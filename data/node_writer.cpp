@@ -5,16 +5,16 @@
 
 #include "data/node_state.h"
 #include "orv/wide.h"
+#include "text/views.h"
 
 namespace {
 
+using orv::viewOf;
 using orv::WideView;
 
 constexpr WideView kEndPrefix = L"[ENDE_";
 constexpr WideView kClose = L"]\r\n";
 constexpr WideView kLineEnd = L"\r\n";
-
-WideView viewOf(const CString& text) { return {text.GetString(), static_cast<std::size_t>(text.GetLength())}; }
 
 /// Visits a tree in the order of its text, without recursion: open(node, level) before the children, close behind them.
 template <class Open, class Close>
