@@ -31,7 +31,7 @@ void packInteger(std::int32_t number) {
     packRaw(digits);
 }
 
-orv::bool isFieldEnd(wchar_t ch) { return ch == 0 || ch == orv::nodeSeparator(); }
+bool isFieldEnd(wchar_t ch) { return ch == 0 || ch == orv::nodeSeparator(); }
 
 CString readPlainField() {
     orv::WideString field;

@@ -43,6 +43,19 @@ double orv::convertFromBaseUnit(double value, enUnit unit) {
     return row->toBase.kind == ToBase::Kind::kFactors ? row->toBase.undo(value) : value;
 }
 
+double orv::unitFactor(enUnit unit) {
+    const UnitRow* row = findUnit(unit);
+    if (row == nullptr || row->exact == 0) return 0;
+    ToBase factors = row->toBase;
+    factors.offset = -0.0;
+    return factors.apply(1);
+}
+
+double orv::unitFactorByDefinition(enUnit unit) {
+    const UnitRow* row = findUnit(unit);
+    return row == nullptr ? 0 : row->exact;
+}
+
 orv::UnitConversion orv::tryConvert(double value, enUnit from, enUnit to, double& out) {
     const UnitRow* source = convertible(from);
     if (source == nullptr || convertible(to) == nullptr) return UnitConversion::kUnknownUnit;

@@ -356,6 +356,10 @@ namespace orv {
 
 /// The inverse of convertToBaseUnit, for cubic millimetres too; 0 for values that are no unit.
 ORV_API double convertFromBaseUnit(double value, enUnit unit);
+/// What takes a value in `unit` to the base unit, for units without an offset a mere factor: as the library applies it,
+/// and by today's definition of the unit. 0 where nothing converts.
+ORV_API double unitFactor(enUnit unit);
+ORV_API double unitFactorByDefinition(enUnit unit);
 /// Converts and says what happened; `out` is set for kDone and kNoCommonQuantity only.
 ORV_API UnitConversion tryConvert(double value, enUnit from, enUnit to, double& out);
 

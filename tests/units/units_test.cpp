@@ -155,4 +155,30 @@ TEST(UnitFormatting, Rows) {
     EXPECT_TEXT(L"1'-0,25\"", orv::formatBaseValue(12.25 * inch, eUnitInch, eUnitFormatEngineering, eUnitPrec2, L','));
 }
 
+// A wrong digit shows: every factor lies within the rounding of its constant from the unit's definition.
+TEST(UnitConversion, FactorsDeviateByTheirRoundingAlone) {
+    struct Coarse {
+        enUnit unit;
+        double most;
+    };
+    constexpr Coarse kCoarse[] = {
+        {eUnitGalUS, 1.2e-4}, {eUnitGalImp, 2.1e-5}, {eUnitTorr, 2e-7}, {eUnitUSgpmAt1psi, 0.0093}};
+    constexpr double kMost = 5e-9;  // ten digits
+    int compared = 0;
+    for (int value = eUnitMeter; value <= eUnitUSgpmAt1psi; ++value) {
+        const auto unit = static_cast<enUnit>(value);
+        const double exact = orv::unitFactorByDefinition(unit);
+        if (exact == 0) continue;
+        double most = kMost;
+        for (const Coarse& row : kCoarse) {
+            if (row.unit == unit) most = row.most;
+        }
+        EXPECT_NEAR(orv::unitFactor(unit) / exact, 1, most) << value;
+        ++compared;
+    }
+    EXPECT_GT(compared, 140);
+    EXPECT_EQ(0, orv::unitFactor(eUnitVolt));
+    EXPECT_EQ(0, orv::unitFactorByDefinition(eUnitUndefined));
+}
+
 }  // namespace

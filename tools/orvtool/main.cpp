@@ -25,6 +25,7 @@ int run(const std::vector<std::string>& words) {
     orvtool::addMatchCommands(app, outcome);
     orvtool::addPathCommands(app, outcome);
     orvtool::addTableCommands(app, outcome);
+    orvtool::addUnitCommands(app, outcome);
     orvtool::addWordbookCommands(app, outcome);
     try {
         app.parse(std::vector<std::string>(words.rbegin(), words.rend()));  // the parser takes them last first
