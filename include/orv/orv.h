@@ -1,6 +1,7 @@
 // Everything that the library offers.
 #pragma once
 
+#include "orv/data_tree.h"
 #include "orv/expressions.h"
 #include "orv/files.h"
 #include "orv/find_record.h"

@@ -1,0 +1,114 @@
+// How items hang together: linking, copying and destroying whole branches.
+#include <utility>
+
+#include "data/tree_links.h"
+
+namespace orv {
+
+void TreeAccess::link(CNode& node, ItemChain& chain, CTreeItem& item, CTreeItem* after) {
+    CTreeItem* before = after == nullptr ? chain.first : after->next_;
+    item.parent_ = &node;
+    item.previous_ = after;
+    item.next_ = before;
+    (after == nullptr ? chain.first : after->next_) = &item;
+    (before == nullptr ? chain.last : before->previous_) = &item;
+    ++chain.count;
+}
+
+void TreeAccess::setParent(const ItemChain& chain, CNode& parent) {
+    for (CTreeItem* item = chain.first; item != nullptr; item = item->next_)
+        item->parent_ = &parent;
+}
+
+void TreeAccess::swapContents(CNode& node, CNode& other) {
+    std::swap(node.name_, other.name_);
+    std::swap(node.children_, other.children_);
+    std::swap(node.leaves_, other.leaves_);
+    std::swap(node.isSimpleXml_, other.isSimpleXml_);
+    for (CNode* changed : {&node, &other}) {
+        setParent(changed->children_, *changed);
+        setParent(changed->leaves_, *changed);
+        changed->childCursor_ = changed->leafCursor_ = nullptr;
+    }
+}
+
+void TreeAccess::copyContents(CNode& to, const CNode& from) {
+    CNode* copy = &to;
+    walkBranch(
+        from,
+        [&](const CNode& node) {
+            if (&node != &from) {
+                auto* child = new CNode(node.name_);
+                append(*copy, *child);
+                copy = child;
+            }
+            copy->isSimpleXml_ = node.isSimpleXml_;
+            for (const CLeaf& leaf : leavesOf(node))
+                append(*copy, *new CLeaf(leaf));
+        },
+        [&](const CNode& node) {
+            if (&node != &from) copy = copy->parent_;
+        });
+}
+
+}  // namespace orv
+
+CTreeItem::~CTreeItem() = default;
+
+CLeaf::~CLeaf() {
+    if (GetParent() != nullptr) orv::TreeAccess::unlink(*this);
+}
+
+CLeaf& CLeaf::operator=(const CLeaf& other) {
+    SetName(other.GetName());
+    value_ = other.value_;
+    return *this;
+}
+
+CNode::CNode(const CNode& other) : CTreeItem(other) {
+    try {
+        orv::TreeAccess::copyContents(*this, other);
+    } catch (...) {  // no destructor will run
+        DeleteAllChildren();
+        DeleteAllLeaves();
+        throw;
+    }
+}
+
+CNode::~CNode() {
+    if (GetParent() != nullptr) orv::TreeAccess::unlink(*this);
+    DeleteAllChildren();
+    DeleteAllLeaves();
+}
+
+CNode& CNode::operator=(const CNode& other) {
+    if (this == &other) return *this;
+    CNode copy(other);
+    orv::TreeAccess::swapContents(*this, copy);
+    return *this;
+}
+
+void CNode::DeleteAllChildren(bool keep) {
+    // From the ends of the branches, so that no destructor finds children.
+    while (CNode* at = orv::TreeAccess::firstChild(*this)) {
+        while (!keep && at != this) {
+            if (CNode* child = orv::TreeAccess::firstChild(*at)) {
+                at = child;
+            } else {
+                CNode* parent = at->GetParent();
+                delete at;
+                at = parent;
+            }
+        }
+        if (keep) orv::TreeAccess::unlink(*at);
+    }
+    childCursor_ = nullptr;
+}
+
+void CNode::DeleteAllLeaves(bool keep) {
+    while (CLeaf* leaf = orv::TreeAccess::firstLeaf(*this)) {
+        orv::TreeAccess::unlink(*leaf);
+        if (!keep) delete leaf;
+    }
+    leafCursor_ = nullptr;
+}

@@ -1,0 +1,241 @@
+#include "data/tree_reader.h"
+
+#include <array>
+
+#include "data/tree_links.h"
+#include "framework/characters.h"
+
+namespace orv {
+namespace {
+
+constexpr WideView kEndPrefix = L"[ENDE_";
+constexpr int kMostLevelsSearched = 1000;
+
+CString textOf(const wchar_t* begin, const wchar_t* end) { return {begin, static_cast<int>(end - begin)}; }
+
+bool startsWith(const wchar_t* text, WideView prefix) {
+    for (const wchar_t ch : prefix) {
+        if (*text == 0 || *text++ != ch) return false;
+    }
+    return true;
+}
+
+void skipSpace(const wchar_t*& at) {
+    while (isSpace(*at))
+        ++at;
+}
+
+void skipLineEnd(const wchar_t*& at) {
+    if (at[0] == L'\r' && at[1] == L'\n') {
+        at += 2;
+    } else if (at[0] == L'\n') {
+        ++at;
+    }
+}
+
+/// The names of a text repeat: the same characters become the same shared string.
+class Names {
+  public:
+    CString get(const wchar_t* begin, const wchar_t* end) {
+        if (begin == end) return {};
+        const WideView text(begin, static_cast<std::size_t>(end - begin));
+        const std::size_t key = text.size() * 31U + text.front() * 7U + text.back() * 3U + text[text.size() / 2];
+        CString& kept = kept_[key % kept_.size()];
+        if (viewOf(kept) != text) kept = textOf(begin, end);
+        return kept;
+    }
+
+  private:
+    std::array<CString, 64> kept_;
+};
+
+class TreeReader {
+  public:
+    TreeReader(CNode& root, const wchar_t*& at, wchar_t separator, const TreeErrorHandler& onError)
+        : root_(root), at_(at), separator_(separator), onError_(onError) {}
+
+    bool read() {
+        skipSpace(at_);
+        if (*at_ != L'[' && *at_ != L'<') {
+            onError_(TreeError::kNoStartBracket, at_, nullptr);
+            return false;
+        }
+        node_ = &root_;
+        if (!readName()) return false;
+        while (node_ != nullptr) {
+            skipSpace(at_);
+            const bool isXml = node_->isSimpleXML();
+            if (*at_ != (isXml ? L'<' : L'[')) {
+                if (!readLeaf(isXml)) return false;
+            } else if (isXml ? at_[1] == L'/' : startsWith(at_, kEndPrefix)) {
+                if (!readEnd(isXml ? 2 : kEndPrefix.size())) return false;
+            } else if (!isXml && startsWith(at_, L"[/]")) {
+                // ODDITY(tree-short-end): closes the node whatever its name. Pinned by TreeText.Reads.
+                at_ += 3;
+                skipLineEnd(at_);
+                close(node_);
+            } else {
+                auto* child = new CNode;
+                TreeAccess::append(*node_, *child);
+                node_ = child;
+                if (!readName()) return false;
+            }
+        }
+        return true;
+    }
+
+  private:
+    bool fail(TreeError error) {
+        onError_(error, at_, node_);
+        return false;
+    }
+
+    /// At the opening bracket, which decides the node's kind.
+    bool readName() {
+        node_->setSimpleXML(*at_ == L'<');
+        const wchar_t closing = *at_++ == L'<' ? L'>' : L']';
+        const wchar_t* const first = at_;
+        while (*at_ != closing) {
+            if (*at_ == 0) return fail(TreeError::kEndInName);
+            ++at_;
+        }
+        node_->SetName(names_.get(first, at_++));
+        return true;
+    }
+
+    bool readLeaf(bool isXml) {
+        LeafText text;
+        const wchar_t* const first = at_;
+        if (!readLeafText(at_, isXml ? L'<' : separator_, text)) return fail(TreeError::kEndInLeaf);
+        if (at_ == first) ++at_;  // only where "<" separates in a bracketed node: its empty leaf must not come again
+        auto* leaf = new CLeaf;
+        TreeAccess::append(*node_, *leaf);
+        leaf->SetName(names_.get(text.name, text.nameEnd));
+        leaf->SetRawData(textOf(text.value, text.valueEnd));
+        return true;
+    }
+
+    bool readEnd(std::size_t prefix) {
+        const wchar_t closing = node_->isSimpleXML() ? L'>' : L']';
+        if (names(*node_, at_ + prefix, closing)) {
+            at_ += prefix + viewOf(node_->GetName()).size() + 1;
+            skipLineEnd(at_);
+            close(node_);
+            return true;
+        }
+        if (!onError_(TreeError::kWrongEnd, at_, node_)) return false;
+        CNode* named = node_;
+        for (int level = 0; level < kMostLevelsSearched && named != nullptr; ++level) {
+            if (names(*named, at_ + prefix, closing)) break;
+            named = named == &root_ ? nullptr : named->GetParent();
+        }
+        at_ += prefix;
+        while (*at_ != closing && *at_ != 0 && *at_ != L'\r' && *at_ != L'\n')
+            ++at_;
+        if (*at_ == closing) ++at_;
+        skipLineEnd(at_);
+        close(named != nullptr ? named : node_);
+        return true;
+    }
+
+    static bool names(const CNode& node, const wchar_t* text, wchar_t closing) {
+        const WideView name = viewOf(node.GetName());
+        return startsWith(text, name) && text[name.size()] == closing;
+    }
+
+    void close(CNode* node) { node_ = node == &root_ ? nullptr : node->GetParent(); }
+
+    CNode& root_;
+    CNode* node_ = nullptr;  // the innermost open one
+    const wchar_t*& at_;
+    wchar_t separator_;
+    const TreeErrorHandler& onError_;
+    Names names_;
+};
+
+}  // namespace
+
+bool readLeafText(const wchar_t*& at, wchar_t separator, LeafText& out) {
+    const wchar_t* const first = at;
+    while (*at != 0 && *at != separator && *at != L'\r' && *at != L'\n')
+        ++at;
+    if (*at == 0) return false;
+    // Of an XML-like element the text up to the next tag is the value; of any other leaf it is the name.
+    out = separator == L'<' ? LeafText{first, first, first, at} : LeafText{first, at, at, at};
+    if (*at == separator) {
+        if (separator == L'<') return true;
+        out.value = ++at;
+        while (*at != 0 && *at != L'\n' && !(at[0] == L'\r' && at[1] == L'\n'))
+            ++at;
+        out.valueEnd = at;
+        skipLineEnd(at);
+    } else if (*at == L'\r' && at[1] != L'\n') {
+        ++at;
+    } else {
+        skipLineEnd(at);
+    }
+    return true;
+}
+
+bool readTreeText(CNode& root, const wchar_t*& at, wchar_t separator, const TreeErrorHandler& onError) {
+    return TreeReader(root, at, separator, onError).read();
+}
+
+const wchar_t* treeErrorText(TreeError error) {
+    switch (error) {
+        case TreeError::kNoStartBracket:
+            return L"Start bracket [ not found!";
+        case TreeError::kEndInName:
+            return L"EOF reached before end bracket ] found!";
+        case TreeError::kEndInLeaf:
+            return L"EOF reached before leaf complete!";
+        case TreeError::kWrongEnd:
+            return L"Wrong ending node!";
+    }
+    return L"";
+}
+
+}  // namespace orv
+
+CExc::~CExc() = default;
+CExcRead::~CExcRead() = default;
+
+void CExcRead::raise(orv::TreeError error) {
+    struct One : CExcRead {
+        explicit One(orv::TreeError what) : CExcRead(orv::treeErrorText(what)) {}
+        ~One() override = default;
+    };
+    static One all[] = {One(orv::TreeError::kNoStartBracket), One(orv::TreeError::kEndInName),
+                        One(orv::TreeError::kEndInLeaf), One(orv::TreeError::kWrongEnd)};
+    throw static_cast<CExcRead*>(&all[static_cast<std::size_t>(error)]);
+}
+
+int CTreeItem::SkipWhitespace(const wchar_t*& text) {
+    if (text == nullptr) return 0;
+    const wchar_t* const first = text;
+    orv::skipSpace(text);
+    return static_cast<int>(text - first);
+}
+
+std::size_t CLeaf::ReadFromMem(const wchar_t*& in, wchar_t separator) {
+    if (in == nullptr) in = L"";
+    const wchar_t* const first = in;
+    orv::skipSpace(in);
+    orv::LeafText text;
+    if (!orv::readLeafText(in, separator, text)) CExcRead::raise(orv::TreeError::kEndInLeaf);
+    if (separator != L'<') SetName(orv::textOf(text.name, text.nameEnd));
+    value_ = orv::textOf(text.value, text.valueEnd);
+    return static_cast<std::size_t>(in - first);
+}
+
+std::size_t CNode::ReadFromMem(const wchar_t*& in, wchar_t separator) {
+    if (in == nullptr) in = L"";
+    const wchar_t* const first = in;
+    orv::TreeError found{};
+    const auto keep = [&](orv::TreeError error, const wchar_t*, const CNode*) {
+        found = error;
+        return false;
+    };
+    if (!orv::readTreeText(*this, in, separator, keep)) CExcRead::raise(found);
+    return static_cast<std::size_t>(in - first);
+}

@@ -1,0 +1,6 @@
+// The data tree with all that belongs to it.
+#pragma once
+
+#include "orv/report_tree.h"
+#include "orv/tree_items.h"
+#include "orv/tree_tools.h"
