@@ -320,8 +320,7 @@ class ORV_API CNode : public CTreeItem {
     /// Whether `node` stands in the branch of `ancestor`, at any depth; a node is no child of itself.
     static bool IsChildOf(const CNode* node, const CNode* ancestor);
 
-    // ---- Walking by a position: the item there, after which the position names the next (previous) one or is null
-    // ----
+    // ---- Walking by a position: gives the item there and moves on to the next (previous) one, or to null ----
     POSITION GetFirstChildPos() const { return position(children_.first); }
     POSITION GetLastChildPos() const { return position(children_.last); }
     /// Null for an item that does not stand in this node, or has none beside it.
