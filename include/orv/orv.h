@@ -10,6 +10,7 @@
 #include "orv/interpolation.h"
 #include "orv/matrices.h"
 #include "orv/messages.h"
+#include "orv/node_format.h"
 #include "orv/numbers.h"
 #include "orv/paths.h"
 #include "orv/random.h"
