@@ -17,6 +17,7 @@
 #include "orv/records.h"
 #include "orv/string_utilities.h"
 #include "orv/text_files.h"
+#include "orv/units.h"
 #include "orv/vector_level.h"
 #include "orv/version.h"
 #include "orv/wide.h"

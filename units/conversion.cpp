@@ -1,0 +1,54 @@
+#include <limits>
+
+#include "units/catalogue.h"
+
+using orv::ToBase;
+using orv::UnitRow;
+
+namespace {
+
+double toBase(const UnitRow& row, double value) {
+    return row.toBase.kind == ToBase::Kind::kFactors ? row.toBase.apply(value) : value;
+}
+
+const UnitRow* convertible(int unit) {
+    const UnitRow* row = orv::findUnit(unit);
+    return row == nullptr || row->toBase.kind == ToBase::Kind::kUnknown ? nullptr : row;
+}
+
+}  // namespace
+
+double orvUnits::convertToBaseUnit(const double& value, enUnit unit) {
+    // ODDITY(cubic-millimetre): stored data was computed without this factor. Pinned by UnitConversion.Oddities.
+    if (unit == eUnitMillimeter3) return 0.0;
+    const UnitRow* row = convertible(unit);
+    return row == nullptr ? 0.0 : toBase(*row, value);
+}
+
+double orvUnits::unitTrans(const double& value, enUnit from, enUnit to) {
+    double result = 0;
+    switch (orv::tryConvert(value, from, to, result)) {
+        case orv::UnitConversion::kDifferentGroups:
+            return std::numeric_limits<double>::max();
+        case orv::UnitConversion::kUnknownUnit:
+            return orv::groupOf(from) == orv::groupOf(to) ? 0.0 : std::numeric_limits<double>::max();
+        default:
+            return result;
+    }
+}
+
+double orv::convertFromBaseUnit(double value, enUnit unit) {
+    const UnitRow* row = convertible(unit);
+    if (row == nullptr) return 0.0;
+    return row->toBase.kind == ToBase::Kind::kFactors ? row->toBase.undo(value) : value;
+}
+
+orv::UnitConversion orv::tryConvert(double value, enUnit from, enUnit to, double& out) {
+    const UnitRow* source = convertible(from);
+    if (source == nullptr || convertible(to) == nullptr) return UnitConversion::kUnknownUnit;
+    if (groupOf(from) != groupOf(to)) return UnitConversion::kDifferentGroups;
+    out = from == to ? value : convertFromBaseUnit(toBase(*source, value), to);
+    const bool isApart =
+        source->toBase.kind == ToBase::Kind::kApart || findUnit(to)->toBase.kind == ToBase::Kind::kApart;
+    return from != to && isApart ? UnitConversion::kNoCommonQuantity : UnitConversion::kDone;
+}
