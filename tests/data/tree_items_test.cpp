@@ -68,10 +68,13 @@ TEST(TreeEditing, AddsInsertsAndTakesOut) {
     EXPECT_TEXT(L"yxbAz|cdfgh", order(*node));
     CNode* y = node->GetChild(0);
     CLeaf* c = node->GetLeaf(0);
-    node->DeleteAllChildren(true);
+    for (CNode& child : orv::childrenOf(*node)) {
+        if (&child != y) node->DeleteChild(&child);
+    }
     for (CLeaf& leaf : orv::leavesOf(*node)) {
         if (&leaf != c) node->DeleteLeaf(&leaf);
     }
+    node->DeleteAllChildren(true);
     node->DeleteAllLeaves(true);
     EXPECT_TEXT(L"|", order(*node));
     EXPECT_TEXT(L"y", y->GetName());
