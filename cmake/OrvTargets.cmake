@@ -26,6 +26,8 @@ function(orv_library)
     ${PROJECT_SOURCE_DIR}/include ${PROJECT_BINARY_DIR}/include PRIVATE ${PROJECT_SOURCE_DIR})
   target_compile_definitions(orv_objects PRIVATE ORV_BUILDING)
   target_link_libraries(orv_objects PRIVATE orv_warnings)
+  orv_link_pugixml(orv_objects)
+  orv_header_only(orv_objects rapidjson)
   configure_file(${PROJECT_SOURCE_DIR}/cmake/version.h.in ${PROJECT_BINARY_DIR}/include/orv/version.h @ONLY)
 endfunction()
 
@@ -44,7 +46,7 @@ function(orv_library_finish)
     configure_file(${PROJECT_SOURCE_DIR}/cmake/version.rc.in ${PROJECT_BINARY_DIR}/version.rc @ONLY)
     target_sources(orvbase PRIVATE ${PROJECT_BINARY_DIR}/version.rc)
     set_target_properties(orvbase PROPERTIES PREFIX "" OUTPUT_NAME orvbase)
-    target_link_libraries(orvbase PRIVATE version) # version resources of files
+    target_link_libraries(orvbase PRIVATE version ole32 oleaut32) # version resources of files; the XML service
   else()
     add_library(orvbase_static STATIC)
     set_target_properties(orvbase_static PROPERTIES OUTPUT_NAME orvbase EXPORT_NAME base_static)
@@ -59,6 +61,7 @@ function(orv_library_finish)
   foreach(kind IN LISTS kinds)
     target_sources(${kind} PRIVATE $<TARGET_OBJECTS:orv_objects>)
     target_link_libraries(${kind} PUBLIC Threads::Threads)
+    orv_link_pugixml(${kind})
     target_include_directories(${kind} PUBLIC
       $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
       $<BUILD_INTERFACE:${PROJECT_BINARY_DIR}/include>

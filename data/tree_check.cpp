@@ -68,7 +68,7 @@ class Checker {
     std::vector<TreeProblem> run() {
         walkBranch(
             root_, [this](const CNode& node) { checkNode(node); }, [](const CNode&) {});
-        if (root_.GetSizeOfBranch(0) > 0x3FFFFFFF) add(Kind::kDepth, root_, root_);
+        if (root_.GetSizeOfBranch(0) > kLongestText) add(Kind::kDepth, root_, root_);
         return std::move(problems_);
     }
 

@@ -5,6 +5,9 @@
 
 namespace orv {
 
+/// The most characters that a string can have.
+inline constexpr std::size_t kLongestText = 0x3FFFFFFF;
+
 inline WideView viewOf(const CString& text) { return {text.GetString(), static_cast<std::size_t>(text.GetLength())}; }
 
 template <class Item>

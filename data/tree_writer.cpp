@@ -101,9 +101,6 @@ class Writer {
 
 void printError(const CString& text) { std::fputs(orvStdStrUtil::convertUnicodeToUtf8(text).c_str(), stderr); }
 
-/// The longest text that a string can be.
-constexpr std::size_t kLongestText = 0x3FFFFFFF;
-
 }  // namespace
 
 std::size_t CLeaf::GetSizeOfBranch(int level) const {
@@ -171,7 +168,7 @@ bool CNode::WriteToString(CString& out, bool /*scrambled*/, bool indented, bool 
     const int level = indented ? 0 : -1;
     const std::size_t size = GetSizeOfBranch(level);
     out.Empty();
-    if (size > kLongestText) return false;
+    if (size > orv::kLongestText) return false;
     wchar_t* at = out.GetBufferSetLength(static_cast<int>(size));
     WriteToMem(at, level, separator);
     return size > 0;
