@@ -7,7 +7,7 @@
 #include "orv/tree_xml.h"
 #include "platform/windows/windows.h"
 // after the system's header
-#include <msxml2.h>
+#include <msxml.h>
 #include <oleauto.h>
 
 namespace {
@@ -59,7 +59,7 @@ class Service {
         for (const wchar_t* name : {L"Msxml2.DOMDocument.6.0", L"Msxml2.DOMDocument.3.0", L"Microsoft.XMLDOM"}) {
             CLSID id;
             if (SUCCEEDED(CLSIDFromProgID(name, &id)) &&
-                SUCCEEDED(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IXMLDOMDocument),
+                SUCCEEDED(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IXMLDOMDocument,
                                            reinterpret_cast<void**>(document.place())))) {
                 return true;
             }
@@ -94,7 +94,7 @@ bool TreeItems::WriteToXml(const CNode* node, CString& out) {
     Owned<IXMLDOMDocument> document;
     if (!Service::create(document)) return false;
     Owned<IXMLDOMNode> at;
-    bool isGood = SUCCEEDED(document->QueryInterface(__uuidof(IXMLDOMNode), reinterpret_cast<void**>(at.place())));
+    bool isGood = SUCCEEDED(document->QueryInterface(IID_IXMLDOMNode, reinterpret_cast<void**>(at.place())));
     orv::walkBranch(
         *node,
         [&](const CNode& one) {

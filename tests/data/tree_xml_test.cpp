@@ -22,13 +22,15 @@ TEST(TreeXml, WritesForOthers) {
     node.AddChild(L"D");
     CString out;
     EXPECT_TRUE(TreeItems::WriteToXml(&node, out));
-    out.TrimRight();
-    EXPECT_TEXT(declared(L"<Gebäude Name=\"a:b&lt;&amp;&quot;'ä\" x=\"2\"><B.1><_C v=\"1:2\"/></B.1><D/></Gebäude>"),
-                out);
+    // The system's service may set lines, indent and write numbers for letters.
+    EXPECT_EQ(0, out.Find(declared(L"<Gebäude Name=\"a:b&lt;&amp;&quot;'")));
     orv::XmlReadError error;
     const Tree back = orv::readXml(out, error);
     ASSERT_TRUE(back);
-    EXPECT_TEXT(L"B.1D|Namex", order(*back));
+    EXPECT_TEXT(
+        L"[Gebäude]\r\nName:a:b<&\"'ä\r\nx:2\r\n[B.1]\r\n[_C]\r\nv:1:2\r\n[ENDE__C]\r\n[ENDE_B.1]\r\n[D]\r\n"
+        L"[ENDE_D]\r\n[ENDE_Gebäude]\r\n",
+        written(*back));
 
     EXPECT_FALSE(TreeItems::WriteToXml(nullptr, out));
     const wchar_t* const bad[] = {L"", L"1a", L"a b", L"a:b", L"a\x0001", L"<", L"\xD800"};
