@@ -49,8 +49,7 @@ CString::CString(wchar_t ch, int count) : CString() {
     setLength(count);
 }
 
-wchar_t* CString::copyUnshared(const wchar_t* text) {
-    if (dataOf(text)->references.load(std::memory_order_relaxed) == orv::StringData::kImmortal) return empty();
+wchar_t* CString::copyLocked(const wchar_t* text) {
     CString copy(text, dataOf(text)->length);
     return std::exchange(copy.text_, empty());
 }

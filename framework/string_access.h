@@ -29,6 +29,11 @@ struct StringAccess {
         made.setLength(static_cast<int>(length));
         return made;
     }
+    /// Copies of the text share its characters without counting from now on; they are never freed.
+    static void makeImmortal(CString& text) {
+        if (text.data()->references.load(std::memory_order_relaxed) == 1)
+            text.data()->references.store(StringData::kImmortal, std::memory_order_relaxed);
+    }
     /// Ends the text behind `length` characters, for which there is room.
     static void setLength(CString& text, std::size_t length) { text.setLength(static_cast<int>(length)); }
 };

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <vector>
 
+#include "framework/vector.h"
 #include "orv/wide.h"
 
 namespace orv {
@@ -42,7 +43,16 @@ inline std::uint32_t hashText(WideView text) { return hashBytes(text.data(), tex
 
 /// As ==, which goes unit by unit.
 inline bool sameText(WideView a, WideView b) {
-    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(wchar_t)) == 0;
+    if (a.size() != b.size()) return false;
+    constexpr std::size_t kStep = 8;
+    if (a.size() < kStep) return std::memcmp(a.data(), b.data(), a.size() * sizeof(wchar_t)) == 0;
+    const auto differs = [&](std::size_t at) {
+        return detail::maskOf(_mm_cmpeq_epi16(detail::load8(a.data() + at), detail::load8(b.data() + at))) != 0xFFFF;
+    };
+    for (std::size_t at = 0; at + kStep < a.size(); at += kStep) {
+        if (differs(at)) return false;
+    }
+    return !differs(a.size() - kStep);
 }
 
 class HashIndex {

@@ -61,7 +61,7 @@ void missedTexts(CArray<MissedText, const MissedText&>& texts) {
 void setRegionToken(const CString& token) {
     const TranslationGuard guard(translationLock());
     region().token = token;
-    ++region().generation;
+    region().isSwiss.store(token == L"CHE", std::memory_order_release);
 }
 
 CString regionToken() {

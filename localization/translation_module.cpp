@@ -68,6 +68,7 @@ int CTranslationModule::FindTranslation(const wchar_t* text, CString& out, const
 
 CString CTranslationModule::TranslateText(const wchar_t* text) {
     const orv::WideView wanted = viewOf(text);
+    if (const CString* known = state_->knownGerman(wanted)) return *known;
     const Locked state(state_);
     return state->translate(wanted, state->language());
 }

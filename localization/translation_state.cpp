@@ -1,6 +1,5 @@
 #include "localization/translation_state.h"
 
-#include "localization/key_context.h"
 #include "orv/files.h"
 #include "platform/program.h"
 #include "text/text_encodings.h"
@@ -10,7 +9,6 @@ namespace orv {
 namespace {
 
 constexpr wchar_t kAlmostEqual = L'\x2248';
-constexpr wchar_t kSharpS = L'\xDF';
 /// As == L"DE", which is a call.
 bool isGerman(const CString& language) {
     const wchar_t* const letters = language.GetString();
@@ -18,14 +16,6 @@ bool isGerman(const CString& language) {
 }
 
 CString upperCase(CString text) { return text.MakeUpper(); }
-
-/// The German text: what is shown where nothing is translated.
-CString untranslated(WideView text, bool isSwiss) {
-    CString result = textOf(text);
-    if (isSwiss) result.Replace(CString(kSharpS), L"ss");
-    const std::size_t context = contextLength(viewOf(result));
-    return context == 0 ? result : result.Mid(static_cast<int>(context));
-}
 
 }  // namespace
 
@@ -79,7 +69,6 @@ int TranslationState::scanDirectory(const CDirPath& folder, const CString& patte
 void TranslationState::reload() {
     for (Wordbook& book : wordbooks_)
         book.unload();
-    untranslated_.clear();
 }
 
 void TranslationState::setLanguage(const CString& language) {
@@ -87,7 +76,7 @@ void TranslationState::setLanguage(const CString& language) {
     for (const Wordbook& book : wordbooks_) {
         if (book.language() == language_) language_ = book.language();  // the same characters compare at once
     }
-    untranslated_.clear();
+    isGerman_.store(isGerman(language_), std::memory_order_release);
 }
 
 bool TranslationState::hasLanguage(const CString& language) const {
@@ -141,12 +130,8 @@ CString TranslationState::translate(WideView text, const CString& language) {
     if (!isGerman(language)) {
         if (const CString* found = findOrEnglish(text, hash, language)) return *found;
     }
-    if (generation_ != region().generation) {
-        untranslated_.clear();
-        generation_ = region().generation;
-    }
-    if (const CString* known = untranslated_.find(text, hash)) return *known;
-    return untranslated_.add(text, hash, untranslated(text, region().isSwiss()));
+    const CString* known = germanTexts().find(text, hash);
+    return known != nullptr ? *known : germanTexts().add(text, hash);
 }
 
 CString TranslationState::translateNarrow(std::string_view text) {

@@ -1,9 +1,11 @@
 // What a translation module holds, and the lock under which all of it is used.
 #pragma once
 
+#include <atomic>
 #include <deque>
 #include <mutex>
 
+#include "localization/german_texts.h"
 #include "localization/text_cache.h"
 #include "localization/translation_lock.h"
 #include "localization/wordbook.h"
@@ -15,19 +17,17 @@ namespace orv {
 TranslationLock& translationLock();
 using TranslationGuard = std::lock_guard<TranslationLock>;
 
-/// Counts the changes of what all modules' untranslated results depend on.
+/// The installation's region: only what it means to German texts is read without the lock.
 struct Region {
     CString token;
-    unsigned generation = 0;
-
-    bool isSwiss() const { return token == L"CHE"; }
+    std::atomic<bool> isSwiss{false};
 };
 Region& region();
 
 /// Notes a text that no wordbook has, if that is asked for.
 void noteMissedText(const CString& language, WideView text);
 
-/// All calls are made under the lock.
+/// All calls but those said to be free are made under the lock.
 class TranslationState {
   public:
     explicit TranslationState(ModuleHandle instance) : instance_(instance) {}
@@ -35,6 +35,11 @@ class TranslationState {
     ModuleHandle instance() const { return instance_; }
     const CString& language() const { return language_; }
     bool hasWordbooks() const { return !wordbooks_.empty(); }
+
+    /// Free: the result while the language is German and the text has been asked for before; else null.
+    const CString* knownGerman(WideView text) const {
+        return isGerman_.load(std::memory_order_acquire) ? germanTexts().find(text, hashText(text)) : nullptr;
+    }
 
     int scanWordbookFiles(const CFilePath& module);
     int scanDirectory(const CDirPath& folder, const CString& pattern);
@@ -56,9 +61,8 @@ class TranslationState {
 
     ModuleHandle instance_;
     CString language_ = L"DE";
+    std::atomic<bool> isGerman_{true};
     std::deque<Wordbook> wordbooks_;
-    unsigned generation_ = 0;
-    TextCache<wchar_t> untranslated_;
     TextCache<char> widened_;
 };
 

@@ -22,7 +22,7 @@ namespace orv {
 
 /// Stands in memory directly before the characters of a CString.
 struct StringData {
-    static constexpr std::int32_t kImmortal = 0;  // the empty string that every empty CString shares
+    static constexpr std::int32_t kImmortal = 0;  // shared without counting, never freed; the empty string, for one
     static constexpr std::int32_t kLocked = -1;   // owned by one CString and not to be shared
 
     std::atomic<std::int32_t> references;
@@ -45,10 +45,11 @@ class ORV_API CString {
 
     CString() noexcept : text_(empty()) {}
     CString(const CString& other) : text_(other.text_) {
-        if (data()->references.load(std::memory_order_relaxed) > 0) {
+        const std::int32_t references = data()->references.load(std::memory_order_relaxed);
+        if (references > 0) {
             data()->references.fetch_add(1, std::memory_order_relaxed);
-        } else {
-            text_ = copyUnshared(other.text_);
+        } else if (references == orv::StringData::kLocked) {
+            text_ = copyLocked(other.text_);
         }
     }
     CString(CString&& other) noexcept : text_(std::exchange(other.text_, empty())) {}
@@ -221,7 +222,7 @@ class ORV_API CString {
     friend struct orv::StringAccess;
 
     static wchar_t* empty() noexcept { return const_cast<wchar_t*>(orv::emptyString()); }
-    static wchar_t* copyUnshared(const wchar_t* text);
+    static wchar_t* copyLocked(const wchar_t* text);
     static void release(wchar_t* text) noexcept {
         const std::int32_t references = dataOf(text)->references.load(std::memory_order_acquire);
         if (references == orv::StringData::kImmortal) return;
