@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "data/tree_links.h"
+#include "orv/display_values.h"
 #include "orv/tree_tools.h"
 
 namespace {
@@ -13,7 +14,7 @@ CString formatted(double value, enUnit unit, int precision) {
     setting.unit = unit;
     orvUnits::getUnitStandardFormat(setting.format, setting.precision, unit);
     if (precision >= 0) setting.precision = static_cast<enUnitPrec>(precision);
-    return orv::formatBaseValue(value, setting.unit, setting.format, setting.precision);
+    return orv::formatBaseValue(value, setting);
 }
 
 bool isMeasure(int unit) { return unit != eUnitText && unit != eUnitInteger; }

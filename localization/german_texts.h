@@ -7,7 +7,7 @@
 #include <memory>
 #include <vector>
 
-#include "localization/hash_index.h"
+#include "framework/hash_index.h"
 #include "orv/framework/string.h"
 
 namespace orv {

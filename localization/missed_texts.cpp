@@ -1,7 +1,7 @@
 // The region of the installation, and the texts that no wordbook has.
 #include <vector>
 
-#include "localization/hash_index.h"
+#include "framework/hash_index.h"
 #include "localization/translation_state.h"
 #include "text/views.h"
 
@@ -62,6 +62,7 @@ void setRegionToken(const CString& token) {
     const TranslationGuard guard(translationLock());
     region().token = token;
     region().isSwiss.store(token == L"CHE", std::memory_order_release);
+    translationsChanged();
 }
 
 CString regionToken() {

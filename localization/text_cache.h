@@ -6,7 +6,7 @@
 #include <type_traits>
 #include <vector>
 
-#include "localization/hash_index.h"
+#include "framework/hash_index.h"
 #include "orv/framework/string.h"
 
 namespace orv {

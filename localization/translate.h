@@ -13,4 +13,7 @@ CString translate(const CString& text);
 /// German text.
 CString translateFormat(const wchar_t* text);
 
+/// Grows whenever the results of translate() may have become others. Free of the lock.
+unsigned translationGeneration() noexcept;
+
 }  // namespace orv

@@ -56,6 +56,7 @@ void CTranslationManager::Release() {
     const orv::TranslationGuard guard(orv::translationLock());
     delete manager;
     manager = nullptr;
+    orv::translationsChanged();
 }
 
 CTranslationModule* CTranslationManager::AddModule(orv::ModuleHandle instance, const CFilePath& modulePath) {
@@ -71,6 +72,7 @@ CTranslationModule* CTranslationManager::FindModule(orv::ModuleHandle instance) 
 bool CTranslationManager::RemoveModule(orv::ModuleHandle instance) {
     const orv::TranslationGuard guard(orv::translationLock());
     const CTranslationModule* module = modules_->find(instance);
+    orv::translationsChanged();
     return std::erase_if(modules_->all, [&](const auto& one) { return one.get() == module; }) != 0;
 }
 

@@ -1,5 +1,6 @@
 #include "localization/translation_state.h"
 
+#include "localization/translate.h"
 #include "orv/files.h"
 #include "platform/program.h"
 #include "text/text_encodings.h"
@@ -23,6 +24,16 @@ TranslationLock& translationLock() {
     static constinit TranslationLock only;
     return only;
 }
+
+namespace {
+
+std::atomic<unsigned> generation{0};
+
+}  // namespace
+
+void translationsChanged() noexcept { generation.fetch_add(1, std::memory_order_acq_rel); }
+
+unsigned translationGeneration() noexcept { return generation.load(std::memory_order_acquire); }
 
 Region& region() {
     static Region only;
@@ -63,12 +74,14 @@ int TranslationState::scanDirectory(const CDirPath& folder, const CString& patte
         if (!isKnown) wordbooks_.emplace_back(path);
         ++count;
     }
+    translationsChanged();
     return count;
 }
 
 void TranslationState::reload() {
     for (Wordbook& book : wordbooks_)
         book.unload();
+    translationsChanged();
 }
 
 void TranslationState::setLanguage(const CString& language) {
@@ -77,6 +90,7 @@ void TranslationState::setLanguage(const CString& language) {
         if (book.language() == language_) language_ = book.language();  // the same characters compare at once
     }
     isGerman_.store(isGerman(language_), std::memory_order_release);
+    translationsChanged();
 }
 
 bool TranslationState::hasLanguage(const CString& language) const {

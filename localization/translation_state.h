@@ -24,6 +24,9 @@ struct Region {
 };
 Region& region();
 
+/// To be called after each change of languages, wordbooks, modules or the region.
+void translationsChanged() noexcept;
+
 /// Notes a text that no wordbook has, if that is asked for.
 void noteMissedText(const CString& language, WideView text);
 

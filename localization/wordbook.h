@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "localization/hash_index.h"
+#include "framework/hash_index.h"
 #include "orv/paths.h"
 
 namespace orv {

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "framework/plain_number.h"
 #include "numeric/character_kinds.h"
 #include "text/views.h"
 

@@ -16,14 +16,6 @@ std::size_t numberRunLength(const wchar_t* at, const wchar_t* end, CommaMeans co
 /// The value of a whole run; false if it is no number (1.2.3, 1E).
 bool numberOfRun(WideView run, double& value);
 
-/// A number as most are, read in one go: at most 15 digits with at most one point and nothing of a number behind it.
-struct PlainNumber {
-    double value = 0;
-    std::size_t length = 0;  // 0: the number is another
-    bool mayMeanThousands = false;
-};
-PlainNumber readPlainNumber(const wchar_t* at, const wchar_t* end);
-
 /// Whether a comma with three digits behind it may have meant thousands.
 bool mayMeanThousands(WideView run);
 

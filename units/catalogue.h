@@ -7,26 +7,34 @@
 
 namespace orv {
 
-/// What takes a value to the base unit: ((value + offset) * times / over) * thenTimes / thenOver. Parts that are not
-/// used change nothing, to the last bit (-0.0 is the offset that keeps -0.0).
+/// What takes a value to the base unit: (value + offset) * first / over1, for some units then * second / over2. Parts
+/// that are not used change nothing, to the last bit (-0.0 is the offset that keeps -0.0).
 struct ToBase {
     enum class Kind : unsigned char { kUnknown, kBase, kFactors, kApart };
     Kind kind = Kind::kFactors;
+    bool hasSecond = false;  // a division costs more than to know that it is not needed
     double offset = -0.0;
     double first = 1, over1 = 1, second = 1, over2 = 1;
 
     constexpr ToBase times(double by) const {
         ToBase result = *this;
-        (first == 1 && over1 == 1 ? result.first : result.second) = by;
+        result.hasSecond = first != 1 || over1 != 1;
+        (result.hasSecond ? result.second : result.first) = by;
         return result;
     }
     constexpr ToBase over(double by) const {
         ToBase result = *this;
-        (over1 == 1 && second == 1 ? result.over1 : result.over2) = by;
+        result.hasSecond = hasSecond || over1 != 1;
+        (result.hasSecond ? result.over2 : result.over1) = by;
         return result;
     }
-    constexpr double apply(double value) const { return (value + offset) * first / over1 * second / over2; }
-    constexpr double undo(double value) const { return value * over2 / second * over1 / first - offset; }
+    constexpr double apply(double value) const {
+        const double once = (value + offset) * first / over1;
+        return hasSecond ? once * second / over2 : once;
+    }
+    constexpr double undo(double value) const {
+        return (hasSecond ? value * over2 / second : value) * over1 / first - offset;
+    }
 };
 
 struct UnitRow {

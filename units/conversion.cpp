@@ -7,10 +7,6 @@ using orv::UnitRow;
 
 namespace {
 
-double toBase(const UnitRow& row, double value) {
-    return row.toBase.kind == ToBase::Kind::kFactors ? row.toBase.apply(value) : value;
-}
-
 const UnitRow* convertible(int unit) {
     const UnitRow* row = orv::findUnit(unit);
     return row == nullptr || row->toBase.kind == ToBase::Kind::kUnknown ? nullptr : row;
@@ -22,7 +18,7 @@ double orvUnits::convertToBaseUnit(const double& value, enUnit unit) {
     // ODDITY(cubic-millimetre): stored data was computed without this factor. Pinned by UnitConversion.Oddities.
     if (unit == eUnitMillimeter3) return 0.0;
     const UnitRow* row = convertible(unit);
-    return row == nullptr ? 0.0 : toBase(*row, value);
+    return row == nullptr ? 0.0 : row->toBase.apply(value);
 }
 
 double orvUnits::unitTrans(const double& value, enUnit from, enUnit to) {
@@ -39,8 +35,7 @@ double orvUnits::unitTrans(const double& value, enUnit from, enUnit to) {
 
 double orv::convertFromBaseUnit(double value, enUnit unit) {
     const UnitRow* row = convertible(unit);
-    if (row == nullptr) return 0.0;
-    return row->toBase.kind == ToBase::Kind::kFactors ? row->toBase.undo(value) : value;
+    return row == nullptr ? 0.0 : row->toBase.undo(value);
 }
 
 double orv::unitFactor(enUnit unit) {
@@ -60,7 +55,7 @@ orv::UnitConversion orv::tryConvert(double value, enUnit from, enUnit to, double
     const UnitRow* source = convertible(from);
     if (source == nullptr || convertible(to) == nullptr) return UnitConversion::kUnknownUnit;
     if (groupOf(from) != groupOf(to)) return UnitConversion::kDifferentGroups;
-    out = from == to ? value : convertFromBaseUnit(toBase(*source, value), to);
+    out = from == to ? value : convertFromBaseUnit(source->toBase.apply(value), to);
     const bool isApart =
         source->toBase.kind == ToBase::Kind::kApart || findUnit(to)->toBase.kind == ToBase::Kind::kApart;
     return from != to && isApart ? UnitConversion::kNoCommonQuantity : UnitConversion::kDone;

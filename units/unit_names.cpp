@@ -1,7 +1,10 @@
 #include <iterator>
 
 #include "localization/translate.h"
+#include "text/views.h"
 #include "units/catalogue.h"
+#include "units/label_index.h"
+#include "units/name_index.h"
 
 using orv::findUnit;
 using orv::translate;
@@ -27,14 +30,6 @@ CString fraction(int precision) {
     return text;
 }
 
-template <class Matches>
-enUnit findRow(const Matches& matches) {
-    for (const UnitRow& row : orv::unitCatalogue()) {
-        if (matches(row)) return row.value;
-    }
-    return eUnitUndefined;
-}
-
 }  // namespace
 
 CString orvUnits::getUnitEnumName(enUnit unit) {
@@ -43,10 +38,7 @@ CString orvUnits::getUnitEnumName(enUnit unit) {
     return row == nullptr ? CString() : CString(row->enumName);
 }
 
-enUnit orvUnits::getEnumValueByNameCaseInsensitive(const wchar_t* name) {
-    const CString wanted(name);
-    return findRow([&wanted](const UnitRow& row) { return wanted.CompareNoCase(row.enumName) == 0; });
-}
+enUnit orvUnits::getEnumValueByNameCaseInsensitive(const wchar_t* name) { return orv::unitByName(orv::viewOf(name)); }
 
 enUnit orvUnits::getEnumValueByString(const wchar_t* text) {
     const enUnit named = getEnumValueByNameCaseInsensitive(text);
@@ -54,11 +46,7 @@ enUnit orvUnits::getEnumValueByString(const wchar_t* text) {
 }
 
 enUnit orvUnits::getEnumValueByUnitLabelCaseInsensitive(const wchar_t* label) {
-    const CString wanted(label);
-    if (wanted.IsEmpty()) return eUnitUndefined;
-    const enUnit exact = findRow([&wanted](const UnitRow& row) { return translate(row.labelKey) == wanted; });
-    if (exact != eUnitUndefined) return exact;
-    return findRow([&wanted](const UnitRow& row) { return translate(row.labelKey).CompareNoCase(wanted) == 0; });
+    return orv::LabelIndex::current().find(orv::viewOf(label));
 }
 
 CString orvUnits::getUnitName(enUnit unit, bool translated) {
@@ -70,7 +58,7 @@ CString orvUnits::getUnitName(enUnit unit, bool translated) {
 CString orvUnits::getUnitLabel(enUnit unit, bool translated, bool leadingBlank) {
     const UnitRow* row = findUnit(unit);
     if (row == nullptr) return {};
-    const CString label = translated ? translate(row->labelKey) : CString(row->labelKey);
+    const CString label = translated ? orv::LabelIndex::current().labelOf(*row) : CString(row->labelKey);
     return leadingBlank && !label.IsEmpty() ? L" " + label : label;
 }
 

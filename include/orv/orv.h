@@ -2,6 +2,7 @@
 #pragma once
 
 #include "orv/data_tree.h"
+#include "orv/display_values.h"
 #include "orv/expressions.h"
 #include "orv/files.h"
 #include "orv/find_record.h"

@@ -1,4 +1,4 @@
-// Units of measure: the catalogue, conversion and the texts in which values are shown.
+// Units of measure: the catalogue and conversion. How values are shown and typed: orv/display_values.h.
 //
 //   a group is a multiple of 1000; its units follow as +1, +2, ...; +1 is the base unit in which values are held
 //   eUnitPN stands alone: its group would be 82000, which has no name
@@ -313,11 +313,12 @@ namespace orvUnits {
 
 /// "eUnitMeter"; "" for a value that has no name.
 ORV_API CString getUnitEnumName(enUnit unit);
-/// The inverse, in any case; eUnitUndefined for a name that is not known.
+/// The inverse, with ASCII letters in any case; eUnitUndefined for a name that is not known. No look-up allocates.
 ORV_API enUnit getEnumValueByNameCaseInsensitive(const wchar_t* name);
 /// A name in any case, else a translated label.
 ORV_API enUnit getEnumValueByString(const wchar_t* text);
-/// Exact case first, then any case; among equal labels the lowest value.
+/// Exact case first, then any case; among equal labels the lowest value. The first look-up after a change of the
+/// language translates all labels.
 ORV_API enUnit getEnumValueByUnitLabelCaseInsensitive(const wchar_t* label);
 
 /// The name, or with false its translation key.
@@ -362,13 +363,5 @@ ORV_API double unitFactor(enUnit unit);
 ORV_API double unitFactorByDefinition(enUnit unit);
 /// Converts and says what happened; `out` is set for kDone and kNoCommonQuantity only.
 ORV_API UnitConversion tryConvert(double value, enUnit from, enUnit to, double& out);
-
-/// The text of a value that is held in the base unit, shown in `unit`, without a label.
-///   decimal 2: 1.00 m in cm => "100.00"    architectural 2: 1.0 m => 3'-3 3/8"    yes/no: 0 => "Nein"
-/// Rounding to the tick comes first, so that 11.99" becomes 1'-0". Nothing that rounds to zero has a sign. The imperial
-/// forms are for lengths: other units are written in decimals (2) or as fractions (3). Values too large for their ticks
-/// are written in decimals; an infinity is "inf", what is no number "nan". A precision beyond the samples is clamped.
-ORV_API CString formatBaseValue(double value, enUnit unit, enUnitFormat format, enUnitPrec precision,
-                                wchar_t decimalSign = L'.');
 
 }  // namespace orv

@@ -1,5 +1,5 @@
 // The catalogue, conversion and the texts of values.
-#include "orv/units.h"
+#include "orv/display_values.h"
 
 #include <cmath>
 #include <limits>

@@ -32,6 +32,9 @@ void addTableCommands(CLI::App& app, Outcome& outcome);
 void addUnitCommands(CLI::App& app, Outcome& outcome);
 void addWordbookCommands(CLI::App& app, Outcome& outcome);
 
+/// A line for each ExpressionWarning.
+std::string notesOf(unsigned warnings);
+
 /// UTF-8 words of the command line and the library's texts.
 CString wide(const std::string& utf8);
 std::string utf8(const CString& text);

@@ -62,15 +62,7 @@ std::string explained(const CString& text, const orv::Evaluation& found, orv::Ex
     for (int i = 0; i < names.GetSize(); ++i)
         out += (i == 0 ? "  names: " : ", ") + utf8(names[i]);
     if (names.GetSize() != 0) out += "\n";
-    struct Row {
-        unsigned warning;
-        const char* text;
-    };
-    for (const Row& row : {Row{orv::kMissingOperand, "an operand is missing and counts as 1"},
-                           Row{orv::kTermReplaced, "SIN takes the place of the term in front of it"},
-                           Row{orv::kCommaReadAsPoint, "a comma is read as decimal, and may have meant thousands"}}) {
-        if ((found.warnings & row.warning) != 0) out += std::string("  note: ") + row.text + "\n";
-    }
+    out += notesOf(found.warnings);
     return out;
 }
 
@@ -90,6 +82,20 @@ void eval(const EvalWords& words, Outcome& outcome) {
 }
 
 }  // namespace
+
+std::string notesOf(unsigned warnings) {
+    struct Row {
+        unsigned warning;
+        const char* text;
+    };
+    std::string out;
+    for (const Row& row : {Row{orv::kMissingOperand, "an operand is missing and counts as 1"},
+                           Row{orv::kTermReplaced, "SIN takes the place of the term in front of it"},
+                           Row{orv::kCommaReadAsPoint, "a comma is read as decimal, and may have meant thousands"}}) {
+        if ((warnings & row.warning) != 0) out += std::string("  note: ") + row.text + "\n";
+    }
+    return out;
+}
 
 void addEvalCommands(CLI::App& app, Outcome& outcome) {
     const auto words = std::make_shared<EvalWords>();

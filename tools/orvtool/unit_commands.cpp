@@ -3,8 +3,8 @@
 #include <cstdlib>
 
 #include "commands.h"
+#include "orv/display_values.h"
 #include "orv/expressions.h"
-#include "orv/units.h"
 
 namespace orvtool {
 namespace {
@@ -33,6 +33,24 @@ double valueOf(const std::string& text) {
         orv::evaluate({expression.GetString(), static_cast<std::size_t>(expression.GetLength())});
     if (!found.ok) throw Failure{"\"" + text + "\" is no number"};
     return found.value;
+}
+
+orv::ParsedBaseValue baseValueOf(const std::string& text, enUnit unit) {
+    const CString typed = wide(text);
+    const orv::ParsedBaseValue value =
+        orv::parseBaseValue({typed.GetString(), static_cast<std::size_t>(typed.GetLength())}, unit);
+    if (value.ok) return value;
+    const std::string at = utf8(typed.Mid(value.position, value.length));
+    switch (value.error) {
+        case orv::InputError::kUnknownUnit:
+            throw Failure{"\"" + at + "\" is no unit"};
+        case orv::InputError::kOtherQuantity:
+            throw Failure{"\"" + at + "\" measures something else"};
+        case orv::InputError::kNotFinite:
+            throw Failure{"the value is too large"};
+        default:
+            throw Failure{"\"" + text + "\" is no value" + (at.empty() ? "" : ": \"" + at + "\"")};
+    }
 }
 
 /// Calls use(unit) for all units, group by group.
@@ -92,15 +110,19 @@ void convert(const UnitWords& words) {
 }
 
 void format(const UnitWords& words) {
-    const enUnit unit = unitOf(words.from);
-    enUnitFormat form;
-    enUnitPrec precision;
-    orvUnits::getUnitStandardFormat(form, precision, unit);
-    if (words.format >= 0) form = static_cast<enUnitFormat>(words.format);
-    if (words.precision >= 0) precision = static_cast<enUnitPrec>(words.precision);
-    double base = valueOf(words.value);
-    orv::tryConvert(base, unit, static_cast<enUnit>(unit / 1000 * 1000 + 1), base);
-    print(utf8(orv::formatBaseValue(base, unit, form, precision) + orvUnits::getUnitLabel(unit, true, true)) + "\n");
+    orvUnitSetting setting;
+    setting.unit = unitOf(words.from);
+    orvUnits::getUnitStandardFormat(setting.format, setting.precision, setting.unit);
+    if (words.format >= 0) setting.format = static_cast<enUnitFormat>(words.format);
+    if (words.precision >= 0) setting.precision = static_cast<enUnitPrec>(words.precision);
+    print(utf8(orv::formatBaseValue(baseValueOf(words.value, setting.unit).value, setting, true)) + "\n");
+}
+
+void parse(const UnitWords& words) {
+    const orv::ParsedBaseValue value = baseValueOf(words.value, unitOf(words.from));
+    const auto base = static_cast<enUnit>(value.unit / 1000 * 1000 + 1);
+    print(number(L"%.15g", value.value) + utf8(orvUnits::getUnitLabel(base, true, true)) + "\n" +
+          notesOf(value.warnings));
 }
 
 }  // namespace
@@ -122,6 +144,11 @@ void addUnitCommands(CLI::App& app, Outcome& /*outcome*/) {
     conversion->add_option("in", words->in, "The word \"in\"")->required();
     conversion->add_option("TO", words->to, "The wanted unit")->required();
     conversion->callback([words] { convert(*words); });
+
+    CLI::App* typed = unit->add_subcommand("parse", "What a typed text means, in the base unit");
+    typed->add_option("TEXT", words->value, "Such as \"12,7 mm\", \"2*3/4 in\", \"3'-4 1/2\\\"\"")->required();
+    typed->add_option("UNIT", words->from, "The unit that counts where none is named")->required();
+    typed->callback([words] { parse(*words); });
 
     CLI::App* text = unit->add_subcommand("format", "A value as it is shown to the user");
     text->add_option("VALUE", words->value, "The value in the unit")->required();
