@@ -37,14 +37,16 @@ Content contentOf(const CString& folder) {
 /// The folders that really hold a path that may not be there yet, the path's own included.
 std::set<FolderIdentity> foldersAround(const CDirPath& path) {
     std::set<FolderIdentity> around;
-    CDirPath at = path.Normalized();
-    while (!at.IsEmpty() && !exists(at)) {
-        at.Trim();
-        const CDirPath parent = at.GetParentDirPath();
-        if (parent.Trimmed() == at) break;
+    const CDirPath normalized = path.Normalized();
+    WideView at = orv::viewOf(normalized);
+    while (!at.empty() && !exists(orv::textOf(at))) {
+        at = orv::withoutEndSeparators(at);
+        const orv::PathParts parts = orv::splitPath(at);
+        const WideView parent = at.substr(0, parts.drive.size() + parts.folder.size());
+        if (orv::withoutEndSeparators(parent) == at) break;
         at = parent;
     }
-    orv::WideString real = platform::realPath(at.IsEmpty() ? L"." : at.GetString());
+    orv::WideString real = platform::realPath(at.empty() ? L"." : orv::textOf(at).GetString());
     FolderIdentity identity{};
     while (!real.empty()) {
         if (platform::identityOf(real.c_str(), identity)) around.insert(identity);
@@ -154,7 +156,7 @@ bool CopyDirectoryRecursive(const CDirPath& from, const CDirPath& to) {
 }
 
 bool RemoveDirectoryRecursive(const CDirPath& dir) {
-    const CDirPath top = dir.Trimmed();  // a separator at the end would lead through a link
+    const CDirPath top = orv::textOf(orv::withoutEndSeparators(orv::viewOf(dir)));
     const std::uint32_t attributes = platform::attributesOf(top);
     if (top.IsEmpty() || attributes == platform::kNoAttributes) return false;
     if (platform::isLink(top)) return platform::removeLink(top, (attributes & FindRecord::kFolder) != 0);
@@ -173,7 +175,8 @@ bool RemoveDirectoryRecursive(const CDirPath& dir) {
         }
         for (const CString& name : content.files) {
             const CString file = prefix + name;
-            if (!platform::clearReadOnly(file) || !platform::removeFile(file)) return false;
+            platform::clearReadOnly(file);
+            if (!platform::removeFile(file)) return false;
         }
         Level level{path, {}};
         for (const FindRecord& folder : content.folders) {

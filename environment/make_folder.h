@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "environment/path_text.h"
 #include "orv/paths.h"
 #include "platform/folders.h"
 
@@ -12,19 +13,18 @@ namespace orv {
 template <class Make>
 bool makeFolders(const CDirPath& dir, Make make) {
     std::vector<CDirPath> missing;
-    CDirPath at = dir;
-    while (!at.IsEmpty() && platform::attributesOf(at) == platform::kNoAttributes) {
-        at.Trim();
-        if (at.IsEmpty()) break;
-        missing.push_back(at);
-        const CDirPath parent = at.GetParentDirPath();
-        if (parent.Trimmed() == at) break;  // a drive that is not there
+    for (WideView at = viewOf(dir); !at.empty() && platform::attributesOf(textOf(at)) == platform::kNoAttributes;) {
+        at = withoutEndSeparators(at);
+        missing.emplace_back(textOf(at));
+        const PathParts parts = splitPath(at);
+        const WideView parent = at.substr(0, parts.drive.size() + parts.folder.size());
+        if (withoutEndSeparators(parent) == at) break;  // a drive that is not there
         at = parent;
     }
     for (; !missing.empty(); missing.pop_back()) {
         if (!make(missing.back())) return false;
     }
-    return platform::attributesOf(dir) != platform::kNoAttributes;
+    return true;
 }
 
 }  // namespace orv

@@ -72,6 +72,13 @@ WideView trimmedPath(WideView path) {
     return path;
 }
 
+WideView withoutEndSeparators(WideView path) {
+    WideView rest = path;
+    while (!rest.empty() && isSeparator(rest.back()))
+        rest.remove_suffix(1);
+    return rest.size() <= driveLength(path) ? path : rest;
+}
+
 WideView trimmedWhiteSpace(WideView text) {
     while (!text.empty() && isSpace(text.front()))
         text.remove_prefix(1);

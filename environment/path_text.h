@@ -3,11 +3,9 @@
 
 #include "orv/framework/string.h"
 #include "orv/wide.h"
+#include "text/views.h"
 
 namespace orv {
-
-inline WideView viewOf(const CString& text) { return {text.GetString(), static_cast<std::size_t>(text.GetLength())}; }
-inline CString textOf(WideView view) { return {view.data(), static_cast<int>(view.size())}; }
 
 inline bool isSeparator(wchar_t ch) { return ch == L'\\' || ch == L'/'; }
 
@@ -27,6 +25,8 @@ bool isAbsolutePath(WideView path);
 WideView hostOf(WideView path);
 
 WideView trimmedPath(WideView path);
+/// A folder's path without separators at its end, behind which a link would be followed. A root stays as it is.
+WideView withoutEndSeparators(WideView path);
 WideView trimmedWhiteSpace(WideView text);
 
 bool equalIgnoringCase(WideView a, WideView b);

@@ -1,6 +1,8 @@
 // vercmp.
+#include <cstdint>
+
 #include "environment/path_text.h"
-#include "orv/numbers.h"
+#include "framework/characters.h"
 #include "orv/paths.h"
 
 namespace {
@@ -20,6 +22,17 @@ WideView significant(const wchar_t* text) {
     return view;
 }
 
+/// The number in front, with room for a date and a time (202601011200); more saturates.
+std::int64_t leadingNumber(WideView text) {
+    constexpr std::int64_t kMost = 100'000'000'000'000'000;
+    const bool isNegative = text.starts_with(L'-');
+    if (isNegative || text.starts_with(L'+')) text.remove_prefix(1);
+    std::int64_t number = 0;
+    for (std::size_t i = 0; i < text.size() && orv::isAsciiDigit(text[i]); ++i)
+        number = number < kMost ? number * 10 + (text[i] - L'0') : kMost * 10;
+    return isNegative ? -number : number;
+}
+
 int sign(int value) { return value < 0 ? -1 : value > 0 ? 1 : 0; }
 
 }  // namespace
@@ -27,8 +40,7 @@ int sign(int value) { return value < 0 ? -1 : value > 0 ? 1 : 0; }
 int vercmp(const wchar_t* a, const wchar_t* b) {
     const WideView first = significant(a);
     const WideView second = significant(b);
-    const auto leading = [](WideView text) { return orv::parseInteger(text.substr(0, text.find(L'.'))).value; };
-    const std::int32_t numbers[] = {leading(first), leading(second)};
+    const std::int64_t numbers[] = {leadingNumber(first), leadingNumber(second)};
     if (numbers[0] != numbers[1]) return numbers[0] < numbers[1] ? -1 : 1;
     return sign(orv::textOf(first).CompareNoCase(orv::textOf(second)));
 }

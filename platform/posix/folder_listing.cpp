@@ -64,6 +64,7 @@ FolderListing::~FolderListing() {
 FolderListing::Opened FolderListing::open(const wchar_t* path, NameMatch match) {
     const WideView given(path);
     const std::size_t nameAt = given.find_last_of(L"\\/") + 1;  // npos + 1 is 0
+    if (nameAt == given.size()) return Opened::kNoMatch;        // no name at all
     pattern_ = given.substr(nameAt);
     if (pattern_ == L"*" || pattern_ == L"*.*") pattern_.clear();
     match_ = match;

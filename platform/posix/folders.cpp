@@ -144,9 +144,11 @@ bool copyFile(const wchar_t* from, const wchar_t* to) {
     }
     const CloseFile copy{::open(target.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666)};
     if (copy.descriptor < 0) return false;
-    const struct timespec times[] = {status.st_atim, status.st_mtim};
-    if (copyBytes(source.descriptor, copy.descriptor) && ::fchmod(copy.descriptor, status.st_mode & 0777) == 0 &&
-        ::futimens(copy.descriptor, times) == 0) {
+    if (copyBytes(source.descriptor, copy.descriptor)) {
+        // The file of another owner may be written, and yet keep its mode and be refused the times.
+        const struct timespec times[] = {status.st_atim, status.st_mtim};
+        static_cast<void>(::fchmod(copy.descriptor, status.st_mode & 0777));
+        static_cast<void>(::futimens(copy.descriptor, times));
         return true;
     }
     const int error = errno;

@@ -108,7 +108,10 @@ bool removeFile(const wchar_t* path) { return DeleteFileW(SystemPath(path).get()
 
 bool removeFolder(const wchar_t* path) { return RemoveDirectoryW(SystemPath(path).get()) != 0; }
 
-bool removeLink(const wchar_t* path, bool toFolder) { return toFolder ? removeFolder(path) : removeFile(path); }
+bool removeLink(const wchar_t* path, bool toFolder) {
+    clearReadOnly(path);  // the link's own
+    return toFolder ? removeFolder(path) : removeFile(path);
+}
 
 bool clearReadOnly(const wchar_t* path) {
     const SystemPath systemPath(path);

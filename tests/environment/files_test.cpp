@@ -283,7 +283,21 @@ TEST(FilesAndFolders, FoldersAreMadeWithThoseAbove) {
     EXPECT_TRUE(CreateDirectoryRecursive(folder / "a"));
     EXPECT_TRUE(CreateDirectoryRecursive(folder / "file"));
     EXPECT_FALSE(CreateDirectoryRecursive(folder / "file/a/b"));
-    EXPECT_FALSE(CreateDirectoryRecursive(L""));
+    EXPECT_TRUE(CreateDirectoryRecursive(L""));  // nothing is missing
+    // Unlike separators, white space belongs to a name.
+    const CDirPath spaced = CDirPath(folder / "a/\xC2\xA0 x\xC2\xA0");
+    EXPECT_FALSE(RemoveDirectoryRecursive(CDirPath(folder / "a/ü\xC2\xA0")));
+    EXPECT_TRUE(CreateDirectoryRecursive(spaced.AppendSubDir(L"y")));
+    EXPECT_TRUE(folder.has("a/\xC2\xA0 x\xC2\xA0/y"));
+    EXPECT_FALSE(folder.has("a/\xC2\xA0 x"));
+    EXPECT_TRUE(CopyDirectoryRecursive(folder / "a", folder / "b"));
+    EXPECT_TRUE(folder.has("b/\xC2\xA0 x\xC2\xA0/y"));
+    EXPECT_TRUE(RemoveDirectoryRecursive(spaced + L"//"));
+    EXPECT_FALSE(folder.has("a/\xC2\xA0 x\xC2\xA0"));
+    EXPECT_TRUE(folder.has("a/ü/c"));
+    CStringArray names;
+    GetFileNames(folder / "b/", L"", names);
+    EXPECT_EQ(0, names.GetSize());
     EXPECT_TRUE(CDirPath(folder / "a").IsWritable());
     EXPECT_FALSE(folder.has("a/_test_.000"));
     EXPECT_FALSE(CDirPath(folder / "none").IsWritable());
