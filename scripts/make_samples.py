@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
-"""Writes samples/data: one parts list in every encoding that the text files know.
+"""Writes samples/data: one parts list in every encoding that the text files know, and a heating project.
 
-A line is a field record: article number, name, dimension, unit, price, quantity, remark; a colon inside a value is
-stored as U+00AE. Lines end in CR LF. Run it after changing the list below and commit what it writes.
+A line of the list is a field record: article number, name, dimension, unit, price, quantity, remark; a colon inside a
+value is stored as U+00AE. The project is a data tree in the bracketed format; its values are what a planner types, with
+the unit that is expected. Lines end in CR LF. Run it after changing what is below and commit what it writes.
 """
 import pathlib
 
@@ -61,6 +62,72 @@ EL-9002|Übergangsdose für Raumfühler|Ø 60 mm|St|1,95|40|Unterputz
 REPLACED = {"−": "-", "≤": "<=", "₂": "2", "λ": "Lambda"}
 
 
+# floor: name, height in metres, rooms; room: number, name, area as typed, degrees C, watts of heat load, radiators;
+# radiator: type, height and length in millimetres, watts as typed
+FLOORS = [
+    ("Untergeschoss", "2,35", [
+        ("U.01", "Heizraum", "3,20*2,90", 15, "180", []),
+        ("U.02", "Hobbyraum", "5,60*4,10-0,80*1,20", 20, "1,12 kW", [(22, 600, 1200, "1245")]),
+        ("U.03", "Waschküche", "3,20*3,05", 15, "310", [(11, 600, 800, "420")]),
+    ]),
+    ("Erdgeschoss", "2,55", [
+        ("0.01", "Diele", "4,10*2,20", 18, "345", [(21, 600, 600, "398")]),
+        ("0.02", "Wohnzimmer", "6,85*4,90", 21, "1780", [(22, 500, 1600, "1010"), (22, 500, 1400, "884")]),
+        ("0.03", "Küche", "4,10*3,40", 20, "690", [(22, 600, 800, "0,83 kW")]),
+        ("0.04", "Gäste-WC", "1,90*1,35", 20, "165", [(11, 600, 400, "208")]),
+        ("0.05", "Arbeitszimmer", "3,90*3,40", 20, "705", [(22, 600, 600, "622")]),
+    ]),
+    ("Obergeschoss", "2,50", [
+        ("1.01", "Flur", "5,20*1,45", 18, "260", [(11, 600, 600, "315")]),
+        ("1.02", "Schlafzimmer", "4,65*4,10", 20, "910", [(22, 600, 1000, "1038")]),
+        ("1.03", "Kinderzimmer", "4,10*3,60", 20, "760", [(22, 600, 800, "830")]),
+        ("1.04", "Kinderzimmer", "4,10*3,55", 20, "745", [(22, 600, 800, "830")]),
+        ("1.05", "Bad", "3,40*2,95", 24, "880", [(22, 600, 600, "598"), (99, 1800, 600, "2200 Btu/h")]),
+    ]),
+]
+# riser: name, pipes; pipe: outer diameter and wall in millimetres, length as typed, litres per hour
+RISERS = [
+    ("Strang 1", [("28x1,5", "7,4", "640"), ("22x1,0", "5,2+3,1", "412"), ("15x1,0", "4*6,25", "96")]),
+    ("Strang 2", [("22x1,0", "9,85", "380"), ("18x1,0", "12'-6\"", "205"), ("15x1,0", "3*5,40", "88")]),
+]
+
+
+def project():
+    lines = []
+
+    def node(name, depth, leaves, children=()):
+        tabs = "\t" * depth
+        lines.append(f"{tabs}[{name}]")
+        lines.extend(f"{tabs}\t{leaf}:" + ":".join(str(v).replace(":", "\u00ae") for v in values)
+                     for leaf, *values in leaves)
+        for child in children:
+            node(child[0], depth + 1, *child[1:])
+        lines.append(f"{tabs}[ENDE_{name}]")
+
+    def radiator(type_, height, length, output):
+        kind = "Badheizkörper" if type_ == 99 else f"Heizkörper Typ {type_}"
+        return ("Heizkörper", [("Typ", kind), ("Maße", height, length, "eUnitMillimeter"), ("Leistung", output, "eUnitW"),
+                               ("Ventil", "DN 15", "kv: 0,6", "voreingestellt")])
+
+    def room(number, name, area, degrees, load, radiators):
+        return ("Raum", [("Nummer", number), ("Name", name), ("Fläche", area, "eUnitMeter2"),
+                         ("Temperatur", degrees, "eUnitAbsGradCelsius"), ("Heizlast", load, "eUnitW")],
+                [radiator(*one) for one in radiators])
+
+    floors = [("Geschoss", [("Name", name), ("Höhe", height, "eUnitMeter")], [room(*one) for one in rooms])
+              for name, height, rooms in FLOORS]
+    risers = [("Strang", [("Name", name)],
+               [("Rohr", [("Maße", size), ("Werkstoff", "Kupfer", "EN 1057"), ("Länge", length, "eUnitMeter"),
+                          ("Volumenstrom", flow, "eUnitLpH")]) for size, length, flow in pipes])
+              for name, pipes in RISERS]
+    node("Projekt", 0, [("Name", "Einfamilienhaus Lindenweg 7"), ("Bauherr", "Müller & Söhne", "Lindenweg 7", "79098 Freiburg"),
+                        ("Stand", "Ausführung: Juli 2026")],
+         [("Auslegung", [("Außentemperatur", "-12", "eUnitAbsGradCelsius"), ("Vorlauf", "55", "eUnitAbsGradCelsius"),
+                         ("Rücklauf", "45", "eUnitAbsGradCelsius"), ("Druckverlust", "0,15 bar", "eUnitPascal")]),
+          *floors, ("Rohrnetz", [], risers)])
+    return b"\xef\xbb\xbf" + ("\r\n".join(lines) + "\r\n").encode("utf-8")
+
+
 def record(line):
     fields = line.split("|")
     assert len(fields) == 7, line
@@ -77,6 +144,7 @@ def main():
         "parts_utf16le.txt": b"\xff\xfe" + text.encode("utf-16-le"),
         "parts_utf16be.txt": b"\xfe\xff" + text.encode("utf-16-be"),
         "parts_1252.txt": text.encode("cp1252"),
+        "heating_project.txt": project(),
         "parts_scrambled.txt": bytes((byte + 3) % 256 for byte in utf8),
     }
     folder = pathlib.Path(__file__).resolve().parent.parent / "samples" / "data"

@@ -29,6 +29,7 @@ void addEvalCommands(CLI::App& app, Outcome& outcome);
 void addMatchCommands(CLI::App& app, Outcome& outcome);  // match, sort, md5
 void addPathCommands(CLI::App& app, Outcome& outcome);
 void addTableCommands(CLI::App& app, Outcome& outcome);
+void addTreeCommands(CLI::App& app, Outcome& outcome);
 void addUnitCommands(CLI::App& app, Outcome& outcome);
 void addWordbookCommands(CLI::App& app, Outcome& outcome);
 

@@ -17,6 +17,10 @@ void printError(const std::string& text) {
     std::fwrite(text.data(), 1, text.size(), stderr);
 }
 
+void printProgress(const std::string& text) {
+    if (errorIsTerminal()) printError(text);
+}
+
 bool finishOutput() {
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return true;
     printError("orvtool: standard output: not everything could be written\n");

@@ -18,6 +18,8 @@ void prepareConsole() {
     _setmode(_fileno(stderr), _O_BINARY);
 }
 
+bool errorIsTerminal() { return _isatty(_fileno(stderr)) != 0; }
+
 // The narrow words of `argv` have gone through the ANSI code page; the system's own line has not.
 std::vector<std::string> commandLine(int, char**) {
     std::vector<std::string> words;

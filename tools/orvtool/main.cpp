@@ -14,7 +14,7 @@ namespace {
 constexpr int kWrongUse = 2;
 
 int run(const std::vector<std::string>& words) {
-    CLI::App app("Text, record and table tools of the orvbase library.", "orvtool");
+    CLI::App app("Texts, records, units, trees: the orvbase library from the command line.", "orvtool");
     app.set_version_flag("--version", ORV_VERSION_TEXT);
     app.require_subcommand(1);
     app.set_help_all_flag("--help-all", "Help for every command");
@@ -25,6 +25,7 @@ int run(const std::vector<std::string>& words) {
     orvtool::addMatchCommands(app, outcome);
     orvtool::addPathCommands(app, outcome);
     orvtool::addTableCommands(app, outcome);
+    orvtool::addTreeCommands(app, outcome);
     orvtool::addUnitCommands(app, outcome);
     orvtool::addWordbookCommands(app, outcome);
     try {

@@ -1,49 +1,14 @@
 // orvtool text: what a text file is made of, and the same text in another encoding.
-#include <charconv>
 #include <memory>
 
 #include "commands.h"
+#include "encodings.h"
 #include "orv/string_utilities.h"
 #include "orv/text_files.h"
 
 namespace orvtool {
 
 namespace {
-
-constexpr unsigned kOem = 3331, kWindows1252 = 3332, kUtf8 = 3333, kUtf8Mark = 65001, kUtf16 = 0xFFFFFFFF;
-constexpr unsigned kLargestPage = 65535;
-
-/// An encoding as the command line names it.
-struct Form {
-    const char* name;
-    bool unicode;  // the argument of the library's writer
-    unsigned page;
-};
-constexpr Form kForms[] = {
-    {"utf8", true, kUtf8},         {"utf8-bom", true, kUtf8Mark}, {"utf16", true, kUtf16},
-    {"1252", false, kWindows1252}, {"oem", false, kOem},
-};
-
-bool findForm(const std::string& name, Form& out) {
-    for (const Form& form : kForms) {
-        if (name == form.name) {
-            out = form;
-            return true;
-        }
-    }
-    unsigned page = 0;
-    const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), page);
-    if (error != std::errc() || end != name.data() + name.size() || page == 0 || page > kLargestPage) return false;
-    out = page == kUtf8Mark ? kForms[0] : Form{"", false, page};
-    return true;
-}
-
-const CLI::Validator kIsForm(
-    [](std::string& name) {
-        Form ignored{};
-        return findForm(name, ignored) ? std::string() : "no such encoding: " + name;
-    },
-    "utf8|utf8-bom|utf16|1252|oem|PAGE");
 
 struct TextWords {
     std::string in, out, to, from;
@@ -107,11 +72,10 @@ CString readInput(const TextWords& words) {
     if (words.from.empty()) {
         isRead = orvStrUtil::readStringFromFileAuto(text, wide(words.in), words.isScrambled);
     } else {
-        Form from{};
-        findForm(words.from, from);
-        const unsigned page = from.page == kUtf8Mark ? kUtf8 : from.page;  // the user says so: trust it
-        if (page == kUtf16 && !info.hasMark) throw Failure{words.in + ": UTF-16 needs a mark"};
-        if (page == kUtf8 && !info.hasMark && !isUtf8) throw Failure{words.in + ": not UTF-8"};
+        const TextForm from = textForm(words.from);
+        const unsigned page = from.page == kUtf8WithMark ? kUtf8Page : from.page;  // the user says so: trust it
+        if (page == kUtf16Page && !info.hasMark) throw Failure{words.in + ": UTF-16 needs a mark"};
+        if (page == kUtf8Page && !info.hasMark && !isUtf8) throw Failure{words.in + ": not UTF-8"};
         isRead = orvStrUtil::readStringBufferFromFile(text, wide(words.in), page, words.isScrambled);
     }
     if (!isRead) throw Failure{words.in + ": cannot be read"};
@@ -126,8 +90,7 @@ CString readInput(const TextWords& words) {
 void convert(const TextWords& words) {
     const CString text = readInput(words);
     const CString out = wide(words.out);
-    Form to{};
-    findForm(words.to, to);
+    const TextForm to = textForm(words.to);
     if (!orvStrUtil::writeStringBufferToFile(text, out, to.unicode, to.page, words.doScramble)) {
         throw Failure{words.out + ": cannot be written as " + words.to};
     }
@@ -164,9 +127,9 @@ void addTextCommands(CLI::App& app, Outcome& outcome) {
     change->add_option("OUT", words->out, "The file to create or replace")->required();
     change->add_option("--to", words->to, "Encoding of OUT, or the number of a Windows code page")
         ->required()
-        ->check(kIsForm);
+        ->check(isTextForm());
     change->add_option("--from", words->from, "Encoding of IN where it has no mark; detected by default")
-        ->check(kIsForm);
+        ->check(isTextForm());
     change->add_flag("--unscramble", words->isScrambled, "IN is scrambled");
     change->add_flag("--scramble", words->doScramble, "Scramble OUT");
     change->callback([words] { convert(*words); });
