@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "data/tree_links.h"
+#include "framework/characters.h"
 #include "orv/numbers.h"
 #include "orv/records.h"
 #include "orv/string_utilities.h"
@@ -138,6 +139,13 @@ const wchar_t* CLeaf::GetStrLeafValuePtr(int index, wchar_t separator, const wch
 }
 
 int CLeaf::GetIntLeafValue(int index, wchar_t separator, int defaultValue) const {
+    // The digits in front of the first field are those in front of the record.
+    const WideView record = viewOf(value_);
+    const std::size_t digits = record.starts_with(L'-') ? 1 : 0;
+    if (index <= 1 && record.size() > digits && orv::isAsciiDigit(record[digits]) && !orv::isAsciiDigit(separator) &&
+        separator != L'-') {
+        return orv::parseInteger(record).value;
+    }
     CString field;
     return readField(value_, index, separator, field) && !field.IsEmpty() ? integerIn(field) : defaultValue;
 }

@@ -1,5 +1,6 @@
 // Editing, finding and walking in one node.
 #include "data/tree_links.h"
+#include "framework/vector.h"
 
 namespace {
 
@@ -93,10 +94,12 @@ Item* itemByIndex(Item* first, int index) {
     return item;
 }
 
-bool isNamed(const CTreeItem& item, const CString& name, bool ignoreCase) {
-    const CString& own = item.GetName();
-    if (own.GetLength() != name.GetLength()) return false;
-    return ignoreCase ? own.CompareNoCase(name) == 0 : orv::viewOf(own) == orv::viewOf(name);
+bool isNamed(const CTreeItem& item, orv::WideView name, bool ignoreCase) {
+    const orv::WideView own = orv::viewOf(item.GetName());
+    if (own.size() != name.size()) return false;
+    // A name that was looked for ends in NUL.
+    return ignoreCase ? item.GetName().CompareNoCase(name.data()) == 0
+                      : orv::equalUnits(own.data(), name.data(), name.size());
 }
 
 template <class Item>
@@ -105,7 +108,7 @@ Item* find(const CNode& node, Item* first, const wchar_t* name, const Item* afte
         if (after->GetParent() != &node) return nullptr;
         first = TreeAccess::next(*after);
     }
-    const CString wanted(name);
+    const orv::WideView wanted = name == nullptr ? orv::WideView(L"") : orv::WideView(name, orv::wideLength(name));
     while (first != nullptr && !isNamed(*first, wanted, ignoreCase))
         first = TreeAccess::next(*first);
     return first;

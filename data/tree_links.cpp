@@ -1,7 +1,7 @@
 // How items hang together: linking, copying and destroying whole branches.
 #include <utility>
 
-#include "data/tree_links.h"
+#include "data/tree_memory.h"
 
 namespace orv {
 
@@ -33,18 +33,16 @@ void TreeAccess::swapContents(CNode& node, CNode& other) {
 }
 
 void TreeAccess::copyContents(CNode& to, const CNode& from) {
+    MemoryPages pages;
+    SharedTexts texts;
     CNode* copy = &to;
     walkBranch(
         from,
         [&](const CNode& node) {
-            if (&node != &from) {
-                auto* child = new CNode(node.name_);
-                append(*copy, *child);
-                copy = child;
-            }
+            if (&node != &from) copy = newChild(pages, *copy, texts.share(node.name_));
             copy->isSimpleXml_ = node.isSimpleXml_;
             for (const CLeaf& leaf : leavesOf(node))
-                append(*copy, *new CLeaf(leaf));
+                newLeaf(pages, *copy, texts.share(leaf.name_), texts.share(leaf.value_));
         },
         [&](const CNode& node) {
             if (&node != &from) copy = copy->parent_;
@@ -69,16 +67,14 @@ CNode::CNode(const CNode& other) : CTreeItem(other) {
     try {
         orv::TreeAccess::copyContents(*this, other);
     } catch (...) {  // no destructor will run
-        DeleteAllChildren();
-        DeleteAllLeaves();
+        orv::TreeAccess::destroyContents(*this);
         throw;
     }
 }
 
 CNode::~CNode() {
     if (GetParent() != nullptr) orv::TreeAccess::unlink(*this);
-    DeleteAllChildren();
-    DeleteAllLeaves();
+    orv::TreeAccess::destroyContents(*this);
 }
 
 CNode& CNode::operator=(const CNode& other) {
@@ -89,26 +85,21 @@ CNode& CNode::operator=(const CNode& other) {
 }
 
 void CNode::DeleteAllChildren(bool keep) {
-    // From the ends of the branches, so that no destructor finds children.
-    while (CNode* at = orv::TreeAccess::firstChild(*this)) {
-        while (!keep && at != this) {
-            if (CNode* child = orv::TreeAccess::firstChild(*at)) {
-                at = child;
-            } else {
-                CNode* parent = at->GetParent();
-                delete at;
-                at = parent;
-            }
-        }
-        if (keep) orv::TreeAccess::unlink(*at);
+    if (keep) {
+        while (CNode* child = orv::TreeAccess::firstChild(*this))
+            orv::TreeAccess::unlink(*child);
+    } else {
+        orv::TreeAccess::destroyChildren(*this);
     }
     childCursor_ = nullptr;
 }
 
 void CNode::DeleteAllLeaves(bool keep) {
-    while (CLeaf* leaf = orv::TreeAccess::firstLeaf(*this)) {
-        orv::TreeAccess::unlink(*leaf);
-        if (!keep) delete leaf;
+    if (keep) {
+        while (CLeaf* leaf = orv::TreeAccess::firstLeaf(*this))
+            orv::TreeAccess::unlink(*leaf);
+    } else {
+        orv::TreeAccess::destroyLeaves(*this);
     }
     leafCursor_ = nullptr;
 }

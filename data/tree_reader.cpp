@@ -2,7 +2,8 @@
 
 #include <array>
 
-#include "data/tree_links.h"
+#include "data/line_marks.h"
+#include "data/tree_memory.h"
 #include "framework/characters.h"
 
 namespace orv {
@@ -20,10 +21,19 @@ bool startsWith(const wchar_t* text, WideView prefix) {
     return true;
 }
 
+/// As isSpace, which most characters need not be asked.
+bool isWhite(wchar_t ch) {
+    constexpr wchar_t kFirstRare = 0x85;
+    if (ch < kFirstRare) return ch == L' ' || (ch >= L'\t' && ch <= L'\r');
+    return isSpace(ch);
+}
+
 void skipSpace(const wchar_t*& at) {
-    while (isSpace(*at))
+    while (isWhite(*at))
         ++at;
 }
+
+WideView between(const wchar_t* begin, const wchar_t* end) { return {begin, static_cast<std::size_t>(end - begin)}; }
 
 void skipLineEnd(const wchar_t*& at) {
     if (at[0] == L'\r' && at[1] == L'\n') {
@@ -33,26 +43,55 @@ void skipLineEnd(const wchar_t*& at) {
     }
 }
 
-/// The names of a text repeat: the same characters become the same shared string.
+/// The names of a text repeat: the same characters become the same shared text.
 class Names {
   public:
-    CString get(const wchar_t* begin, const wchar_t* end) {
-        if (begin == end) return {};
-        const WideView text(begin, static_cast<std::size_t>(end - begin));
-        const std::size_t key = text.size() * 31U + text.front() * 7U + text.back() * 3U + text[text.size() / 2];
-        CString& kept = kept_[key % kept_.size()];
-        if (viewOf(kept) != text) kept = textOf(begin, end);
-        return kept;
+    explicit Names(MemoryPages& pages) : pages_(pages) {}
+
+    /// With one reference for a new string.
+    wchar_t* get(WideView name) {
+        if (name.empty()) return const_cast<wchar_t*>(emptyString());
+        const std::size_t key = name.size() * 31U + name.front() * 7U + name.back() * 3U + name[name.size() / 2];
+        wchar_t*& kept = kept_[key % kept_.size()];
+        if (kept != nullptr && isName(kept, name)) return shareOwnText(kept);
+        return kept = makeText(pages_, name);
+    }
+    static bool isName(const wchar_t* text, WideView name) {
+        return static_cast<std::size_t>(StringAccess::dataOf(text)->length) == name.size() &&
+               equalUnits(text, name.data(), name.size());
     }
 
   private:
-    std::array<CString, 64> kept_;
+    MemoryPages& pages_;
+    std::array<wchar_t*, 64> kept_{};  // each held by some item of the tree
+};
+
+/// Nodes of one level mostly have leaves of the same names, in the same order.
+class ExpectedLeaves {
+  public:
+    /// The first leaf of the last node at that depth.
+    void begin(std::size_t depth) { expected_ = first_[depth % kDepths]; }
+    /// The name of the leaf that comes next, if that is it; else null.
+    wchar_t* take(WideView name) {
+        if (expected_ == nullptr) return nullptr;
+        wchar_t* const text = StringAccess::charactersOf(expected_->GetName());
+        const bool isIt = Names::isName(text, name);
+        expected_ = isIt ? TreeAccess::next(*expected_) : nullptr;
+        return isIt ? shareOwnText(text) : nullptr;
+    }
+    void end() { expected_ = nullptr; }
+    void note(std::size_t depth, const CLeaf& first) { first_[depth % kDepths] = &first; }
+
+  private:
+    static constexpr std::size_t kDepths = 64;
+    std::array<const CLeaf*, kDepths> first_{};
+    const CLeaf* expected_ = nullptr;
 };
 
 class TreeReader {
   public:
     TreeReader(CNode& root, const wchar_t*& at, wchar_t separator, const TreeErrorHandler& onError)
-        : root_(root), at_(at), separator_(separator), onError_(onError) {}
+        : root_(root), at_(at), separator_(separator), onError_(onError), marks_(at, separator) {}
 
     bool read() {
         skipSpace(at_);
@@ -75,9 +114,8 @@ class TreeReader {
                 skipLineEnd(at_);
                 close(node_);
             } else {
-                auto* child = new CNode;
-                TreeAccess::append(*node_, *child);
-                node_ = child;
+                node_ = TreeAccess::newChild(pages_, *node_, const_cast<wchar_t*>(emptyString()));
+                ++depth_;
                 if (!readName()) return false;
             }
         }
@@ -99,20 +137,49 @@ class TreeReader {
             if (*at_ == 0) return fail(TreeError::kEndInName);
             ++at_;
         }
-        node_->SetName(names_.get(first, at_++));
+        TreeAccess::setName(*node_, names_.get({first, static_cast<std::size_t>(at_ - first)}));
+        ++at_;
+        expected_.begin(depth_);
         return true;
     }
 
     bool readLeaf(bool isXml) {
+        if (!isXml && separator_ != L'<') return readLine();
         LeafText text;
         const wchar_t* const first = at_;
         if (!readLeafText(at_, isXml ? L'<' : separator_, text)) return fail(TreeError::kEndInLeaf);
         if (at_ == first) ++at_;  // only where "<" separates in a bracketed node: its empty leaf must not come again
-        auto* leaf = new CLeaf;
-        TreeAccess::append(*node_, *leaf);
-        leaf->SetName(names_.get(text.name, text.nameEnd));
-        leaf->SetRawData(textOf(text.value, text.valueEnd));
+        addLeaf(between(text.name, text.nameEnd), between(text.value, text.valueEnd));
         return true;
+    }
+
+    /// As readLeafText, by marks.
+    bool readLine() {
+        const wchar_t* const first = at_;
+        const wchar_t* const mark = marks_.from(first);
+        if (*mark == 0) {
+            at_ = mark;
+            return fail(TreeError::kEndInLeaf);
+        }
+        const wchar_t* value = mark;
+        const wchar_t* end = mark;
+        if (*mark == separator_) {
+            value = mark + 1;
+            end = marks_.from(value);
+            while (*end != 0 && *end != L'\n' && !(end[0] == L'\r' && end[1] == L'\n'))
+                end = marks_.from(end + 1);
+        }
+        addLeaf(between(first, mark), between(value, end));
+        at_ = *end == L'\r' ? end + 1 : end;  // a lone one ends a line without a separator
+        if (*at_ == L'\n') ++at_;
+        return true;
+    }
+
+    void addLeaf(WideView name, WideView value) {
+        wchar_t* text = expected_.take(name);
+        if (text == nullptr) text = names_.get(name);
+        const CLeaf* leaf = TreeAccess::newLeaf(pages_, *node_, text, makeText(pages_, value));
+        if (node_->NrOfLeaves() == 1) expected_.note(depth_, *leaf);
     }
 
     bool readEnd(std::size_t prefix) {
@@ -143,14 +210,24 @@ class TreeReader {
         return startsWith(text, name) && text[name.size()] == closing;
     }
 
-    void close(CNode* node) { node_ = node == &root_ ? nullptr : node->GetParent(); }
+    void close(CNode* node) {
+        for (; node_ != node; node_ = node_->GetParent())
+            --depth_;
+        --depth_;
+        node_ = node == &root_ ? nullptr : node->GetParent();
+        expected_.end();
+    }
 
     CNode& root_;
     CNode* node_ = nullptr;  // the innermost open one
     const wchar_t*& at_;
     wchar_t separator_;
     const TreeErrorHandler& onError_;
-    Names names_;
+    LineMarks marks_;
+    MemoryPages pages_;
+    Names names_{pages_};
+    ExpectedLeaves expected_;
+    std::size_t depth_ = 0;  // of node_, below the root
 };
 
 }  // namespace

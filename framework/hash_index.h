@@ -43,16 +43,7 @@ inline std::uint32_t hashText(WideView text) { return hashBytes(text.data(), tex
 
 /// As ==, which goes unit by unit.
 inline bool sameText(WideView a, WideView b) {
-    if (a.size() != b.size()) return false;
-    constexpr std::size_t kStep = 8;
-    if (a.size() < kStep) return std::memcmp(a.data(), b.data(), a.size() * sizeof(wchar_t)) == 0;
-    const auto differs = [&](std::size_t at) {
-        return detail::maskOf(_mm_cmpeq_epi16(detail::load8(a.data() + at), detail::load8(b.data() + at))) != 0xFFFF;
-    };
-    for (std::size_t at = 0; at + kStep < a.size(); at += kStep) {
-        if (differs(at)) return false;
-    }
-    return !differs(a.size() - kStep);
+    return a.size() == b.size() && equalUnits(a.data(), b.data(), a.size());
 }
 
 class HashIndex {

@@ -4,6 +4,7 @@
 #include <new>
 
 #include "framework/memory_blocks.h"
+#include "framework/text_pages.h"
 
 namespace orv {
 
@@ -50,6 +51,7 @@ wchar_t* allocateText(int capacity) {
 
 void freeText(wchar_t* text) noexcept {
     StringData* data = reinterpret_cast<StringData*>(text) - 1;
+    if (data->capacity < 0) return releasePieces(pageOf(*data), 1);
     const std::size_t bytes = bytesFor(data->capacity);
     if (bytes >= kLargeBlock) {
         freeLarge(data, bytes);

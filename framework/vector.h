@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 namespace orv {
 
@@ -53,6 +54,50 @@ inline std::size_t firstMismatch(const wchar_t* a, const wchar_t* b, std::size_t
     while (i < count && a[i] == b[i])
         ++i;
     return i;
+}
+
+/// As memcpy, for the lengths of names and values.
+inline void copyUnits(wchar_t* to, const wchar_t* from, std::size_t count) noexcept {
+    constexpr std::size_t kEight = 8, kFour = 4;
+    const auto eight = [&](std::size_t at) {
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(to + at), detail::load8(from + at));
+    };
+    const auto four = [&](std::size_t at) { std::memcpy(to + at, from + at, kFour * sizeof(wchar_t)); };
+    if (count >= kEight) {
+        for (std::size_t at = 0; at + kEight < count; at += kEight)
+            eight(at);
+        eight(count - kEight);
+    } else if (count >= kFour) {
+        four(0);
+        four(count - kFour);
+    } else {
+        for (std::size_t i = 0; i < count; ++i)
+            to[i] = from[i];
+    }
+}
+
+/// Whether two texts of one length are the same, for the lengths of names.
+inline bool equalUnits(const wchar_t* a, const wchar_t* b, std::size_t count) noexcept {
+    constexpr std::size_t kEight = 8, kFour = 4;
+    const auto four = [](const wchar_t* at) {
+        std::uint64_t word;
+        std::memcpy(&word, at, sizeof word);
+        return word;
+    };
+    if (count >= kEight) {
+        const auto differs = [&](std::size_t at) {
+            return detail::maskOf(_mm_cmpeq_epi16(detail::load8(a + at), detail::load8(b + at))) != 0xFFFF;
+        };
+        for (std::size_t at = 0; at + kEight < count; at += kEight) {
+            if (differs(at)) return false;
+        }
+        return !differs(count - kEight);
+    }
+    if (count >= kFour) return four(a) == four(b) && four(a + count - kFour) == four(b + count - kFour);
+    for (std::size_t i = 0; i < count; ++i) {
+        if (a[i] != b[i]) return false;
+    }
+    return true;
 }
 
 }  // namespace orv

@@ -36,6 +36,7 @@ class CNode;
 
 namespace orv {
 struct TreeAccess;  // the library's own
+class MemoryPages;
 
 /// Why a text is no tree.
 enum class TreeError { kNoStartBracket, kEndInName, kEndInLeaf, kWrongEnd };
@@ -91,6 +92,10 @@ class ORV_API CTreeItem {
 
     CTreeItem& operator=(const CTreeItem&) = delete;
 
+    /// Items that the library makes by the thousand share pages of memory; a host's own are on the heap.
+    static void* operator new(std::size_t size);
+    static void operator delete(void* item) noexcept;
+
     const CString& GetName() const { return name_; }
     void SetName(const CString& name) { name_ = name; }
     /// Null for one that stands in none.
@@ -109,6 +114,7 @@ class ORV_API CTreeItem {
 
   protected:
     CTreeItem(const CTreeItem& other) : name_(other.name_) {}
+    explicit CTreeItem(orv::AdoptedText name) noexcept : name_(name) {}
 
   private:
     friend struct orv::TreeAccess;
@@ -186,6 +192,8 @@ class ORV_API CLeaf : public CTreeItem {
 
   private:
     friend struct orv::TreeAccess;
+
+    CLeaf(orv::AdoptedText name, orv::AdoptedText rawValue) noexcept : CTreeItem(name), value_(rawValue) {}
 
     CString value_;
 };
@@ -375,6 +383,8 @@ class ORV_API CNode : public CTreeItem {
   private:
     friend struct orv::TreeAccess;
 
+    explicit CNode(orv::AdoptedText name) noexcept : CTreeItem(name) {}
+
     static POSITION position(CTreeItem* item) { return reinterpret_cast<POSITION>(item); }
     const CLeaf* leafAt(const wchar_t* childName, const wchar_t* leafName) const;
     CLeaf* madeLeafAt(const wchar_t* childName, const wchar_t* leafName);
@@ -406,6 +416,15 @@ struct TreeAccess {
     static POSITION& cursorOf(const CNode& node, const CLeaf&) { return node.leafCursor_; }
     static void append(CNode& node, CNode& child) { link(node, node.children_, child, node.children_.last); }
     static void append(CNode& node, CLeaf& leaf) { link(node, node.leaves_, leaf, node.leaves_.last); }
+    static void setName(CTreeItem& item, wchar_t* name);
+    // In tree_memory.h:
+    static CLeaf* newLeaf(MemoryPages& pages, CNode& node, wchar_t* name, wchar_t* value);
+    static CNode* newChild(MemoryPages& pages, CNode& node, wchar_t* name);
+    static void appendNew(CNode& node, ItemChain& chain, CTreeItem& item);
+    static void destroyChildren(CNode& node);
+    static void destroyLeaves(CNode& node);
+    static void destroyContents(CNode& node);
+    class Destroyer;
     /// `item` stands in no node; `after` null: at the head.
     static void link(CNode& node, ItemChain& chain, CTreeItem& item, CTreeItem* after);
     template <class Item>

@@ -18,6 +18,8 @@
 #include "orv/framework/format_arguments.h"
 #include "orv/wide.h"
 
+class ORV_API CString;
+
 namespace orv {
 
 /// Stands in memory directly before the characters of a CString.
@@ -27,7 +29,15 @@ struct StringData {
 
     std::atomic<std::int32_t> references;
     std::int32_t length;
-    std::int32_t capacity;  // characters that fit, the closing NUL not counted
+    std::int32_t capacity;  // characters that fit, the closing NUL not counted; below 0: see text_pages.h
+};
+
+/// Characters with one reference that a CString takes over; the library's own.
+class AdoptedText {
+    friend struct StringAccess;
+    friend class ::CString;
+    explicit AdoptedText(wchar_t* characters) : text(characters) {}
+    wchar_t* text;
 };
 
 struct StringAccess;  // the library's own
@@ -52,6 +62,7 @@ class ORV_API CString {
             text_ = copyLocked(other.text_);
         }
     }
+    explicit CString(orv::AdoptedText adopted) noexcept : text_(adopted.text) {}
     CString(CString&& other) noexcept : text_(std::exchange(other.text_, empty())) {}
     CString(const wchar_t* text);
     explicit CString(const char* text);
@@ -181,7 +192,7 @@ class ORV_API CString {
     /// Makes the characters this string's own until UnlockBuffer(): copies made meanwhile do not share them.
     wchar_t* LockBuffer();
     void UnlockBuffer() noexcept;
-    int GetAllocLength() const noexcept { return data()->capacity; }
+    int GetAllocLength() const noexcept { return data()->capacity < 0 ? data()->length : data()->capacity; }
     void Preallocate(int length);
     void FreeExtra();
 
