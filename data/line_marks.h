@@ -10,7 +10,7 @@
 
 namespace orv {
 
-/// The separators, CR and LF of a NUL-terminated text, and its NUL, in order. Reads behind the NUL, on its page only.
+/// The separators and LF of a NUL-terminated text, and its NUL, in order. Reads behind the NUL, on its page only.
 class LineMarks {
   public:
     LineMarks(const wchar_t* text, wchar_t separator) : block_(text), separator_(separator) {}

@@ -5,6 +5,7 @@
 #include "data/line_marks.h"
 #include "data/tree_memory.h"
 #include "framework/characters.h"
+#include "framework/vector.h"
 
 namespace orv {
 namespace {
@@ -102,7 +103,11 @@ class TreeReader {
         node_ = &root_;
         if (!readName()) return false;
         while (node_ != nullptr) {
-            skipSpace(at_);
+            const wchar_t* start = at_;
+            while (*start == L'\t')
+                ++start;
+            skipSpace(start);
+            at_ = start;
             const bool isXml = node_->isSimpleXML();
             if (*at_ != (isXml ? L'<' : L'[')) {
                 if (!readLeaf(isXml)) return false;
@@ -149,36 +154,43 @@ class TreeReader {
         const wchar_t* const first = at_;
         if (!readLeafText(at_, isXml ? L'<' : separator_, text)) return fail(TreeError::kEndInLeaf);
         if (at_ == first) ++at_;  // only where "<" separates in a bracketed node: its empty leaf must not come again
-        addLeaf(between(text.name, text.nameEnd), between(text.value, text.valueEnd));
+        addLeaf(names_.get(between(text.name, text.nameEnd)), between(text.value, text.valueEnd));
         return true;
     }
 
-    /// As readLeafText, by marks.
+    /// As readLeafText, by marks: a CR ends a name, and a value only in front of a LF.
     bool readLine() {
         const wchar_t* const first = at_;
         const wchar_t* const mark = marks_.from(first);
-        if (*mark == 0) {
-            at_ = mark;
-            return fail(TreeError::kEndInLeaf);
+        wchar_t* name = *mark == separator_ && *mark != 0 ? expected_.take(between(first, mark)) : nullptr;
+        if (name == nullptr) {
+            const WideView line = between(first, mark);
+            const std::size_t cr = findUnit(line.data(), line.size(), L'\r');
+            if (cr != line.size() || *mark != separator_ || *mark == 0) return readBareName(first + cr);
+            name = names_.get(line);
         }
-        const wchar_t* value = mark;
-        const wchar_t* end = mark;
-        if (*mark == separator_) {
-            value = mark + 1;
-            end = marks_.from(value);
-            while (*end != 0 && *end != L'\n' && !(end[0] == L'\r' && end[1] == L'\n'))
-                end = marks_.from(end + 1);
-        }
-        addLeaf(between(first, mark), between(value, end));
-        at_ = *end == L'\r' ? end + 1 : end;  // a lone one ends a line without a separator
-        if (*at_ == L'\n') ++at_;
+        const wchar_t* const value = mark + 1;
+        const wchar_t* end = marks_.from(value);
+        while (*end != 0 && *end != L'\n')
+            end = marks_.from(end + 1);
+        at_ = *end != 0 ? end + 1 : end;
+        addLeaf(name, between(value, end - (end > value && *end != 0 && end[-1] == L'\r' ? 1 : 0)));
         return true;
     }
 
-    void addLeaf(WideView name, WideView value) {
-        wchar_t* text = expected_.take(name);
-        if (text == nullptr) text = names_.get(name);
-        const CLeaf* leaf = TreeAccess::newLeaf(pages_, *node_, text, makeText(pages_, value));
+    /// A line without a separator.
+    bool readBareName(const wchar_t* end) {
+        const WideView name = between(at_, end);
+        at_ = end;
+        if (*end == 0) return fail(TreeError::kEndInLeaf);
+        at_ += *at_ == L'\r' ? 1 : 0;
+        at_ += *at_ == L'\n' ? 1 : 0;
+        addLeaf(names_.get(name), {});
+        return true;
+    }
+
+    void addLeaf(wchar_t* name, WideView value) {
+        const CLeaf* leaf = TreeAccess::newLeaf(pages_, *node_, name, makeText(pages_, value));
         if (node_->NrOfLeaves() == 1) expected_.note(depth_, *leaf);
     }
 

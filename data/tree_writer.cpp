@@ -4,14 +4,13 @@
 #include <cstring>
 
 #include "data/tree_links.h"
+#include "framework/vector.h"
 #include "orv/string_utilities.h"
 
 namespace {
 
 using orv::viewOf;
 using orv::WideView;
-
-constexpr WideView kLineEnd = L"\r\n";
 
 std::size_t lengthOf(const CString& text) { return static_cast<std::size_t>(text.GetLength()); }
 
@@ -63,23 +62,27 @@ class Writer {
             put(viewOf(orv::TreeAccess::firstLeaf(node)->GetRawData()));
             return;
         }
-        put(kLineEnd);
+        put(L"\r\n");
         for (const CLeaf& one : orv::leavesOf(node))
             leaf(one, indent.ofLeaf());
     }
     void end(const CNode& node, const Indent& indent) {
         if (!isOneLine(node)) tabs(indent.ofNode());
-        put(node.isSimpleXML() ? WideView(L"</") : WideView(L"[ENDE_"));
+        if (node.isSimpleXML()) {
+            put(L"</");
+        } else {
+            put(L"[ENDE_");
+        }
         put(viewOf(node.GetName()));
         put(node.isSimpleXML() ? L'>' : L']');
-        put(kLineEnd);
+        put(L"\r\n");
     }
     void leaf(const CLeaf& leaf, std::size_t indent) {
         tabs(indent);
         put(viewOf(leaf.GetName()));
         put(separator_);
         put(viewOf(leaf.GetRawData()));
-        put(kLineEnd);
+        put(L"\r\n");
     }
     /// The place of the closing NUL.
     wchar_t* finish() {
@@ -90,8 +93,13 @@ class Writer {
   private:
     void tabs(std::size_t count) { out_ = std::fill_n(out_, count, L'\t'); }
     void put(wchar_t ch) { *out_++ = ch; }
+    template <std::size_t Size>
+    void put(const wchar_t (&literal)[Size]) {
+        std::memcpy(out_, literal, (Size - 1) * sizeof(wchar_t));
+        out_ += Size - 1;
+    }
     void put(WideView text) {
-        std::memcpy(out_, text.data(), text.size() * sizeof(wchar_t));
+        orv::copyUnits(out_, text.data(), text.size());
         out_ += text.size();
     }
 
