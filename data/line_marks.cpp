@@ -13,69 +13,87 @@
 namespace orv {
 namespace {
 
-struct BlockMarks {
-    std::uint64_t marks;
-    std::uint64_t nuls;
+/// What stands in some blocks of 64 characters, one bit for each of them.
+struct Found {
+    std::uint64_t marks[LineMarks::kBlocks];
+    unsigned counts[LineMarks::kBlocks];  // of the bits
+    std::size_t blocks;                   // up to the one with the NUL
+    std::uint64_t nuls;                   // in the last block
 };
 
-/// One bit for each of the 64 characters of an aligned block.
-ORV_READS_WHOLE_BLOCKS BlockMarks marksInSse2(const wchar_t* block, wchar_t separator) {
+ORV_READS_WHOLE_BLOCKS void findSse2(const wchar_t* block, wchar_t separator, Found& found) {
     const __m128i nul = _mm_setzero_si128(), lf = _mm_set1_epi16(L'\n'),
                   wanted = _mm_set1_epi16(static_cast<short>(separator));
-    BlockMarks found{0, 0};
-    for (unsigned part = 0; part < 4; ++part) {
-        __m128i marks[2], nuls[2];
-        for (unsigned half = 0; half < 2; ++half) {
-            const __m128i units = _mm_load_si128(reinterpret_cast<const __m128i*>(block) + part * 2 + half);
-            nuls[half] = _mm_cmpeq_epi16(units, nul);
-            marks[half] = _mm_or_si128(_mm_cmpeq_epi16(units, lf), _mm_cmpeq_epi16(units, wanted));
+    found.nuls = 0;
+    for (found.blocks = 0; found.blocks < LineMarks::kBlocks && found.nuls == 0; block += LineMarks::kBlock) {
+        std::uint64_t all = 0;
+        for (unsigned part = 0; part < 4; ++part) {
+            __m128i marks[2], nuls[2];
+            for (unsigned half = 0; half < 2; ++half) {
+                const __m128i units = _mm_load_si128(reinterpret_cast<const __m128i*>(block) + part * 2 + half);
+                nuls[half] = _mm_cmpeq_epi16(units, nul);
+                marks[half] = _mm_or_si128(_mm_cmpeq_epi16(units, lf), _mm_cmpeq_epi16(units, wanted));
+            }
+            all |= std::uint64_t{detail::maskOf(_mm_packs_epi16(marks[0], marks[1]))} << part * 16;
+            found.nuls |= std::uint64_t{detail::maskOf(_mm_packs_epi16(nuls[0], nuls[1]))} << part * 16;
         }
-        const auto bits = [](const __m128i(&both)[2]) {
-            return static_cast<std::uint64_t>(
-                static_cast<unsigned>(_mm_movemask_epi8(_mm_packs_epi16(both[0], both[1]))));
-        };
-        found.marks |= bits(marks) << part * 16;
-        found.nuls |= bits(nuls) << part * 16;
+        found.counts[found.blocks] = static_cast<unsigned>(std::popcount(all));
+        found.marks[found.blocks++] = all;
     }
-    return found;
 }
 
-ORV_READS_WHOLE_BLOCKS ORV_TARGET_AVX512 BlockMarks marksInAvx512(const wchar_t* block, wchar_t separator) {
-    const __m512i low = _mm512_loadu_si512(block), high = _mm512_loadu_si512(block + 32);
+ORV_READS_WHOLE_BLOCKS ORV_TARGET_AVX512 void findAvx512(const wchar_t* block, wchar_t separator, Found& found) {
     const __m512i lf = _mm512_set1_epi16(L'\n'), wanted = _mm512_set1_epi16(static_cast<short>(separator));
-    const std::uint64_t lowMarks = _mm512_cmpeq_epi16_mask(low, lf) | _mm512_cmpeq_epi16_mask(low, wanted);
-    const std::uint64_t highMarks = _mm512_cmpeq_epi16_mask(high, lf) | _mm512_cmpeq_epi16_mask(high, wanted);
-    const std::uint64_t lowNuls = _mm512_testn_epi16_mask(low, low), highNuls = _mm512_testn_epi16_mask(high, high);
-    return {lowMarks | highMarks << 32, lowNuls | highNuls << 32};
+    found.nuls = 0;
+    for (found.blocks = 0; found.blocks < LineMarks::kBlocks && found.nuls == 0; block += LineMarks::kBlock) {
+        const __m512i low = _mm512_loadu_si512(block), high = _mm512_loadu_si512(block + LineMarks::kBlock / 2);
+        const std::uint64_t lowMarks = _mm512_cmpeq_epi16_mask(low, lf) | _mm512_cmpeq_epi16_mask(low, wanted);
+        const std::uint64_t highMarks = _mm512_cmpeq_epi16_mask(high, lf) | _mm512_cmpeq_epi16_mask(high, wanted);
+        const std::uint64_t lowNuls = _mm512_testn_epi16_mask(low, low), highNuls = _mm512_testn_epi16_mask(high, high);
+        found.nuls = lowNuls | highNuls << 32;
+        found.counts[found.blocks] = static_cast<unsigned>(__builtin_popcountll(lowMarks | highMarks << 32));
+        found.marks[found.blocks++] = lowMarks | highMarks << 32;
+    }
 }
 
 }  // namespace
 
 void LineMarks::fill() {
     constexpr std::uintptr_t kBlockBytes = kBlock * sizeof(wchar_t);
-    const auto marksIn = vectorLevel() >= VectorLevel::kAvx512 ? marksInAvx512 : marksInSse2;
+    Found found;
     next_ = end_ = marks_.data();
     while (end_ == next_) {
-        for (std::size_t i = 0; i < kBlocks; ++i) {
-            const auto address = reinterpret_cast<std::uintptr_t>(block_);
-            const std::uintptr_t before = address % kBlockBytes;
-            const wchar_t* const start = reinterpret_cast<const wchar_t*>(address - before);
-            BlockMarks found = marksIn(start, separator_);
-            const std::uint64_t here = ~std::uint64_t{0} << before / sizeof(wchar_t);
-            found.marks &= here;
-            found.nuls &= here;
-            if (found.nuls != 0) {  // the first one ends the text
-                const std::uint64_t first = found.nuls & (~found.nuls + 1);
-                found.marks = (found.marks & (first - 1)) | first;
-            }
-            const wchar_t** to = end_;
-            for (; found.marks != 0; found.marks &= found.marks - 1)
-                *to++ = start + std::countr_zero(found.marks);
-            end_ = to;
-            if (found.nuls != 0) return;
-            block_ = start + kBlock;
+        const auto address = reinterpret_cast<std::uintptr_t>(block_);
+        const std::uintptr_t before = address % kBlockBytes / sizeof(wchar_t);
+        const wchar_t* start = block_ - before;
+        (vectorLevel() >= VectorLevel::kAvx512 ? findAvx512 : findSse2)(start, separator_, found);
+        const std::uint64_t here = ~std::uint64_t{0} << before;
+        if (before != 0) {
+            if (found.blocks == 1) found.nuls &= here;
+            found.marks[0] &= here;
+            found.counts[0] = static_cast<unsigned>(std::popcount(found.marks[0]));
         }
+        if (found.nuls != 0) {  // the first one ends the text
+            const std::uint64_t first = found.nuls & (~found.nuls + 1);
+            std::uint64_t& last = found.marks[found.blocks - 1];
+            last = (last & (first - 1)) | first;
+            found.counts[found.blocks - 1] = static_cast<unsigned>(std::popcount(last));
+        }
+        for (std::size_t i = 0; i < found.blocks; ++i, start += kBlock)
+            put(start, found.marks[i], found.counts[i]);
+        block_ = start;
     }
+}
+
+// Mostly five or six: what is written behind the last one is overwritten, without a branch for each.
+void LineMarks::put(const wchar_t* start, std::uint64_t marks, unsigned count) {
+    constexpr unsigned kAtOnce = 6;
+    const wchar_t** to = end_;
+    end_ += count;
+    for (unsigned i = 0; i < kAtOnce; ++i, marks &= marks - 1)
+        *to++ = start + std::countr_zero(marks);
+    for (; marks != 0; marks &= marks - 1)
+        *to++ = start + std::countr_zero(marks);
 }
 
 }  // namespace orv

@@ -23,17 +23,20 @@ class LineMarks {
         }
     }
 
-  private:
     static constexpr std::size_t kBlock = 64;   // characters
     static constexpr std::size_t kBlocks = 16;  // at once
 
+  private:
+    static constexpr std::size_t kMore = 8;  // put() writes behind the end
+
     void fill();
+    void put(const wchar_t* start, std::uint64_t marks, unsigned count);
 
     const wchar_t* block_;  // where to go on: at first in the middle of a block
     wchar_t separator_;
+    std::array<const wchar_t*, kBlock * kBlocks + kMore> marks_;  // what is found is written first
     const wchar_t** next_ = marks_.data();
     const wchar_t** end_ = marks_.data();
-    std::array<const wchar_t*, kBlock * kBlocks> marks_;
 };
 
 }  // namespace orv

@@ -41,8 +41,10 @@ void TreeAccess::copyContents(CNode& to, const CNode& from) {
         [&](const CNode& node) {
             if (&node != &from) copy = newChild(pages, *copy, texts.share(node.name_));
             copy->isSimpleXml_ = node.isSimpleXml_;
-            for (const CLeaf& leaf : leavesOf(node))
+            for (const CLeaf& leaf : leavesOf(node)) {
+                askAhead(leaf);
                 newLeaf(pages, *copy, texts.share(leaf.name_), texts.share(leaf.value_));
+            }
         },
         [&](const CNode& node) {
             if (&node != &from) copy = copy->parent_;

@@ -89,6 +89,7 @@ class TreeAccess::Destroyer {
     void leavesOf(CNode& node) {
         for (CTreeItem* item = node.leaves_.first; item != nullptr;) {
             CTreeItem* const next = item->next_;
+            askAhead(*item);
             if (typeid(*item) == typeid(CLeaf) && ItemPlace::of(item)->offset != 0) {
                 ending_.value(StringAccess::charactersOf(static_cast<CLeaf*>(item)->value_));
                 end(*item);

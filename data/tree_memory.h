@@ -93,6 +93,20 @@ inline CLeaf* TreeAccess::newLeaf(MemoryPages& pages, CNode& node, wchar_t* name
     return leaf;
 }
 
+/// With a value of its own, which stands behind it.
+inline CLeaf* TreeAccess::newLeaf(MemoryPages& pages, CNode& node, wchar_t* name, WideView value) {
+    constexpr std::size_t kBefore = sizeof(ItemPlace) + sizeof(CLeaf);
+    const std::size_t bytes = kBefore + bytesOfText(value.size());
+    if (value.empty() || bytes > MemoryPages::kLargestPiece) return newLeaf(pages, node, name, makeText(pages, value));
+    std::uint32_t offset = 0;
+    auto* const piece = static_cast<char*>(pages.allocate(bytes, offset, 2));
+    wchar_t* const text = writeText(piece + kBefore, offset + static_cast<std::uint32_t>(kBefore), value);
+    auto* leaf =
+        ::new (new (piece) ItemPlace{offset, 0} + 1) CLeaf(StringAccess::adopt(name), StringAccess::adopt(text));
+    appendNew(node, node.leaves_, *leaf);
+    return leaf;
+}
+
 inline CNode* TreeAccess::newChild(MemoryPages& pages, CNode& node, wchar_t* name) {
     auto* child = ::new (placeItem(pages, sizeof(CNode))) CNode(StringAccess::adopt(name));
     appendNew(node, node.children_, *child);

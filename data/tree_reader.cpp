@@ -44,6 +44,16 @@ void skipLineEnd(const wchar_t*& at) {
     }
 }
 
+/// The first place that is no TAB, or nearly at `end`.
+const wchar_t* behindTabs(const wchar_t* at, const wchar_t* end) {
+    constexpr std::ptrdiff_t kStep = 8;
+    for (std::size_t tabs = kStep; tabs == kStep && end - at >= kStep; at += tabs) {
+        const __m128i found = _mm_cmpeq_epi16(detail::load8(at), detail::eightTimes(L'\t'));
+        tabs = detail::firstUnitIn(~detail::maskOf(found) | 1U << (2 * kStep));
+    }
+    return at;
+}
+
 /// The names of a text repeat: the same characters become the same shared text.
 class Names {
   public:
@@ -103,9 +113,7 @@ class TreeReader {
         node_ = &root_;
         if (!readName()) return false;
         while (node_ != nullptr) {
-            const wchar_t* start = at_;
-            while (*start == L'\t')
-                ++start;
+            const wchar_t* start = behindTabs(at_, marks_.from(at_));
             skipSpace(start);
             at_ = start;
             const bool isXml = node_->isSimpleXML();
@@ -190,7 +198,7 @@ class TreeReader {
     }
 
     void addLeaf(wchar_t* name, WideView value) {
-        const CLeaf* leaf = TreeAccess::newLeaf(pages_, *node_, name, makeText(pages_, value));
+        const CLeaf* leaf = TreeAccess::newLeaf(pages_, *node_, name, value);
         if (node_->NrOfLeaves() == 1) expected_.note(depth_, *leaf);
     }
 

@@ -41,8 +41,10 @@ std::size_t ownSize(const CNode& node, const Indent& indent) {
         return 2 * name + lengthOf(orv::TreeAccess::firstLeaf(node)->GetRawData()) + indent.ofNode() + 7;
     }
     std::size_t size = 2 * (name + indent.ofNode()) + (node.isSimpleXML() ? 9 : 13);
-    for (const CLeaf& leaf : orv::leavesOf(node))
+    for (const CLeaf& leaf : orv::leavesOf(node)) {
+        orv::askAhead(leaf);
         size += leafSize(leaf, indent.ofLeaf());
+    }
     return size;
 }
 
@@ -63,8 +65,10 @@ class Writer {
             return;
         }
         put(L"\r\n");
-        for (const CLeaf& one : orv::leavesOf(node))
+        for (const CLeaf& one : orv::leavesOf(node)) {
+            orv::askAhead(one);
             leaf(one, indent.ofLeaf());
+        }
     }
     void end(const CNode& node, const Indent& indent) {
         if (!isOneLine(node)) tabs(indent.ofNode());

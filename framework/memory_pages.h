@@ -35,13 +35,14 @@ class MemoryPages {
     MemoryPages& operator=(const MemoryPages&) = delete;
     ~MemoryPages() { close(); }
 
-    /// A piece of at most kLargestPiece bytes; `offset` becomes its distance from its page. Throws std::bad_alloc.
-    void* allocate(std::size_t bytes, std::uint32_t& offset) {
+    /// Memory of at most kLargestPiece bytes for so many pieces, which end one by one; `offset` becomes its distance
+    /// from its page. Throws std::bad_alloc.
+    void* allocate(std::size_t bytes, std::uint32_t& offset, std::int32_t pieces = 1) {
         bytes = (bytes + kAlignment - 1) / kAlignment * kAlignment;
         if (static_cast<std::size_t>(end_ - at_) < bytes) open();
         char* const piece = at_;
         at_ += bytes;
-        ++count_;
+        count_ += pieces;
         offset = static_cast<std::uint32_t>(piece - reinterpret_cast<char*>(page_));
         return piece;
     }

@@ -16,25 +16,19 @@ inline MemoryPage* pageOf(StringData& data) {
     return MemoryPage::of(&data, static_cast<std::uint32_t>(-data.capacity));
 }
 
-/// A copy of a text, with one reference.
-inline wchar_t* makeText(MemoryPages& pages, WideView text) {
-    if (text.empty()) return const_cast<wchar_t*>(emptyString());
-    const std::size_t bytes = sizeof(StringData) + (text.size() + 1) * sizeof(wchar_t);
-    wchar_t* characters = nullptr;
-    if (bytes <= MemoryPages::kLargestPiece) {
-        std::uint32_t offset = 0;
-        void* const piece = pages.allocate(bytes, offset);
-        auto* data =
-            new (piece) StringData{1, static_cast<std::int32_t>(text.size()), -static_cast<std::int32_t>(offset)};
-        characters = reinterpret_cast<wchar_t*>(data + 1);
-    } else {
-        if (text.size() > static_cast<std::size_t>(kMaximumTextLength)) throw std::bad_alloc();
-        characters = allocateText(static_cast<int>(text.size()));
-        StringAccess::dataOf(characters)->length = static_cast<std::int32_t>(text.size());
-    }
+/// What a text takes.
+inline std::size_t bytesOfText(std::size_t length) { return sizeof(StringData) + (length + 1) * sizeof(wchar_t); }
+
+/// Writes a text that is not empty, with one reference, into a piece so far from its page.
+inline wchar_t* writeText(void* piece, std::uint32_t offset, WideView text) {
+    auto* data = new (piece) StringData{1, static_cast<std::int32_t>(text.size()), -static_cast<std::int32_t>(offset)};
+    auto* characters = reinterpret_cast<wchar_t*>(data + 1);
     copyUnits(characters, text.data(), text.size());
     characters[text.size()] = 0;
     return characters;
 }
+
+/// A copy of a text, with one reference; a long one is on the heap.
+wchar_t* makeText(MemoryPages& pages, WideView text);
 
 }  // namespace orv

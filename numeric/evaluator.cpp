@@ -43,20 +43,40 @@ class Evaluator::Nested {
     EvaluationLimits& limits_;
 };
 
+/// A host's names may evaluate, and so lead back to themselves.
+class Evaluator::HostCall {
+  public:
+    explicit HostCall(Evaluator& owner) {
+        constexpr int kMostNested = 32;
+        if (++nested_ > kMostNested) owner.fail(kSyntaxError);
+    }
+    ~HostCall() { --nested_; }
+    HostCall(const HostCall&) = delete;
+    HostCall& operator=(const HostCall&) = delete;
+
+  private:
+    static thread_local int nested_;
+};
+thread_local int Evaluator::HostCall::nested_ = 0;
+
 // ---- Tokens ----
 
-void Evaluator::read(CommaMeans comma) {
-    while (at_ < end_ && kindOf(*at_) == CharacterKind::kSpace)
-        ++at_;
-    token_.at = at_;
-    token_.end = at_;
-    if (at_ == end_) {
-        token_.kind = Kind::kEnd;
+inline void Evaluator::read(CommaMeans comma) {
+    for (; at_ < end_; ++at_) {
+        const CharacterKind kind = kindOf(*at_);
+        if (kind == CharacterKind::kSpace) continue;
+        tokenAt_ = at_;
+        if (kind != CharacterKind::kSign) return readOther(kind, comma);
+        token_ = *at_++;
         return;
     }
+    tokenAt_ = end_;
+    token_ = kEnd;
+}
+
+void Evaluator::readOther(CharacterKind kind, CommaMeans comma) {
     const wchar_t ch = *at_;
-    token_.sign = ch;
-    switch (kindOf(ch)) {
+    switch (kind) {
         case CharacterKind::kDigit:
             return readNumber(comma);
         case CharacterKind::kLetter:
@@ -67,41 +87,35 @@ void Evaluator::read(CommaMeans comma) {
             }
             [[fallthrough]];
         case CharacterKind::kStop:
-            token_.end = ++at_;
-            token_.kind = Kind::kStatementEnd;
+            ++at_;
+            token_ = kStatementEnd;
             return;
         case CharacterKind::kFortranSign:
             if (dialect_ != ExpressionDialect::kFortran) break;
-            [[fallthrough]];
-        case CharacterKind::kSign:
-            token_.end = ++at_;
-            token_.kind = Kind::kOperator;
+            ++at_;
+            token_ = ch;
             return;
         default:
             break;
     }
-    token_.end = ++at_;
+    ++at_;
     fail(kInvalidCharacter);
 }
 
-void Evaluator::readNumber(CommaMeans comma) {
+inline void Evaluator::readNumber(CommaMeans comma) {
+    token_ = kNumber;
     if (comma == CommaMeans::kDecimal) {
         const PlainNumber plain = readPlainNumber(at_, end_);
         if (plain.length != 0) {
             at_ += plain.length;
-            token_.end = at_;
-            token_.kind = Kind::kNumber;
-            token_.value = plain.value;
+            value_ = plain.value;
             if (plain.mayMeanThousands) result_.warnings |= kCommaReadAsPoint;
             return;
         }
     }
-    const std::size_t length = numberRunLength(at_, end_, comma);
-    const WideView run(at_, length);
-    at_ += length;
-    token_.end = at_;
-    token_.kind = Kind::kNumber;
-    if (length > kLongestToken || !numberOfRun(run, token_.value)) {
+    const WideView run(at_, numberRunLength(at_, end_, comma));
+    at_ += run.size();
+    if (run.size() > kLongestToken || !numberOfRun(run, value_)) {
         fail(kSyntaxError);
     } else if (mayMeanThousands(run)) {
         result_.warnings |= kCommaReadAsPoint;
@@ -109,40 +123,44 @@ void Evaluator::readNumber(CommaMeans comma) {
 }
 
 void Evaluator::readName() {
-    const wchar_t* const begin = at_;
     while (at_ < end_ && isNameCharacter(*at_))
         ++at_;
-    token_.end = at_;
-    const WideView name(begin, static_cast<std::size_t>(at_ - begin));
+    const WideView name = token();
     if (name.size() > kLongestToken) {
         fail(kSyntaxError);
         return;
     }
-    token_.keyword = keywordOf(name, dialect_);
-    if (token_.keyword != Keyword::kNone) {
-        token_.kind = Kind::kKeyword;
+    keyword_ = keywordOf(name, dialect_);
+    if (keyword_ != Keyword::kNone) {
+        token_ = kKeyword;
         return;
     }
     double value = 0;
     const bool isKnown = resolve(name, value);  // may read on, behind an array's name
-    token_.kind = isKnown ? Kind::kNumber : Kind::kStatementEnd;
-    token_.sign = 0;
-    token_.value = value;
-    token_.at = begin;
-    if (hasFailed()) token_.kind = Kind::kEnd;
+    if (hasFailed()) return;
+    token_ = isKnown ? kNumber : kStatementEnd;
+    value_ = value;
+    tokenAt_ = name.data();
 }
 
 bool Evaluator::resolve(WideView name, double& value) {
     if (names_ == nullptr) return false;
+    if (names_->macroNumber(name, value)) return true;
     // Hosts take names as C texts.
     wchar_t text[kLongestToken + 1];
     WideTraits::copy(text, name.data(), name.size());
     text[name.size()] = 0;
     const WideView terminated(text, name.size());
     CString macro;
-    if (names_->macroText(terminated, macro)) return macroValue(macro, value);
-    if (dialect_ == ExpressionDialect::kFortran && names_->hasArray(terminated)) return elementValue(terminated, value);
-    return names_->variable(terminated, value);
+    bool isMacro = false;
+    {
+        const HostCall call(*this);
+        if (hasFailed()) return false;
+        isMacro = names_->macroText(terminated, macro);
+        const bool isArray = !isMacro && dialect_ == ExpressionDialect::kFortran && names_->hasArray(terminated);
+        if (!isMacro && !isArray) return names_->variable(terminated, value);
+    }
+    return isMacro ? macroValue(macro, value) : elementValue(terminated, value);
 }
 
 bool Evaluator::macroValue(const CString& text, double& value) {
@@ -153,7 +171,8 @@ bool Evaluator::macroValue(const CString& text, double& value) {
         fail(kSyntaxError);
         return false;
     }
-    Evaluation inner = Evaluator(expression, names_->inMacros(), dialect_, limits_).run();
+    Evaluation inner;
+    Evaluator(expression, names_->inMacros(), dialect_, limits_, inner).run();
     if (inner.ok) {
         value = inner.value;
         return true;
@@ -162,121 +181,150 @@ bool Evaluator::macroValue(const CString& text, double& value) {
     result_ = std::move(inner);
     result_.isInMacro = true;
     result_.warnings |= warnings;
-    at_ = end_;
+    end();
     return false;
 }
 
 bool Evaluator::elementValue(WideView name, double& value) {
-    const wchar_t* const begin = token_.at;
+    const wchar_t* const begin = tokenAt_;
     read();
-    const bool isRound = isOperator(L'(');
-    if (!isRound && !isOperator(L'[')) {
+    const bool isRound = token_ == L'(';
+    if (!isRound && token_ != L'[') {
         fail(kSyntaxError);
         return false;
     }
     const Nested level(*this);
-    read();
     const int index = truncated(expression());
     if (hasFailed()) return false;
-    if (!isOperator(isRound ? L')' : L']')) {
+    if (token_ != (isRound ? L')' : L']')) {
         fail(kBracketNotClosed);
         return false;
     }
     CString element;
-    if (!names_->arrayElement(name, index, element)) {
-        failAt(kSyntaxError, begin, at_);
+    bool isThere = false;
+    {
+        const HostCall call(*this);
+        isThere = !hasFailed() && names_->arrayElement(name, index, element);
+    }
+    if (!isThere) {
+        failAt(kSyntaxError, {begin, static_cast<std::size_t>(at_ - begin)});
         return false;
     }
     return macroValue(element, value);
 }
 
-// ---- Grammar: each function leaves the token behind what it read ----
+// ---- Grammar: each function reads its first token and leaves the one behind what it read ----
 
-double Evaluator::fail(ExpressionError error) { return failAt(error, token_.at, token_.end); }
+double Evaluator::fail(ExpressionError error) { return failAt(error, token()); }
 
-double Evaluator::failAt(ExpressionError error, const wchar_t* at, const wchar_t* end) {
+double Evaluator::failAt(ExpressionError error, WideView token) {
     if (!hasFailed()) {
         result_.error = error;
-        result_.position = static_cast<int>(at - begin_);
-        result_.length = static_cast<int>(end - at);
+        result_.position = static_cast<int>(token.data() - begin_);
+        result_.length = static_cast<int>(token.size());
         result_.text = textOf({begin_, static_cast<std::size_t>(end_ - begin_)});
     }
-    // Evaluation ends at its first error.
-    token_.kind = Kind::kEnd;
-    token_.at = token_.end = at_ = end_;
+    end();
     return 0;
 }
 
+/// Evaluation ends at its first error.
+void Evaluator::end() {
+    token_ = kEnd;
+    tokenAt_ = at_ = end_;
+}
+
 double Evaluator::expression(CommaMeans comma) {
-    double value = term(comma);
-    while (token_.kind == Kind::kOperator && (token_.sign == L'+' || token_.sign == L'-' || token_.sign == L'|')) {
-        const wchar_t sign = token_.sign;
-        read(comma);
-        const double right = term(comma);
-        if (sign == L'|') {
-            value = truncated(value) | truncated(right);
-        } else {
-            value = sign == L'+' ? value + right : value - right;
+    double sum = 0;
+    for (wchar_t how = 0;; how = token_) {  // how a term joins those before
+        const double value = term(comma);
+        switch (how) {
+            case L'+':
+                sum += value;
+                break;
+            case L'-':
+                sum -= value;
+                break;
+            case L'|':
+                sum = truncated(sum) | truncated(value);
+                break;
+            default:
+                sum = value;
         }
+        if (token_ != L'+' && token_ != L'-' && token_ != L'|') return sum;
     }
-    return value;
 }
 
 // ODDITY(expression-sine-replaces): SIN directly behind a term takes its place, and 2 SIN(0) is 0. Pinned by
 // Expressions.HaveTheseValues.
-double Evaluator::term(CommaMeans comma) {
-    double value = power(comma);
-    for (;;) {
-        if (token_.kind == Kind::kKeyword && token_.keyword == Keyword::kSin) {
-            result_.warnings |= kTermReplaced;
-            read(comma);
-            value = std::sin(power(comma));
-        } else if (isOperator(L'*')) {
-            read(comma);
-            value *= power(comma);
-        } else if (isOperator(L'/')) {
-            read(comma);
-            const Token divisor = token_;
-            const double right = power(comma);
-            if (right == 0 && !hasFailed()) return failAt(kDivisionByZero, divisor.at, divisor.end);
-            value /= right;
-        } else {
-            return value;
+inline double Evaluator::term(CommaMeans comma) {
+    double product = 0;
+    for (wchar_t how = 0;; how = token_) {
+        const wchar_t* const begin = at_;
+        const double value = power(comma);
+        switch (how) {
+            case L'*':
+                product *= value;
+                break;
+            case L'/':
+                if (value == 0 && !hasFailed()) {
+                    return failAt(kDivisionByZero, trimmed({begin, static_cast<std::size_t>(tokenAt_ - begin)}));
+                }
+                product /= value;
+                break;
+            case kKeyword:
+                result_.warnings |= kTermReplaced;
+                product = std::sin(value);
+                break;
+            default:
+                product = value;
         }
+        const bool isSine = token_ == kKeyword && keyword_ == Keyword::kSin;
+        if (token_ != L'*' && token_ != L'/' && !isSine) return product;
     }
 }
 
-double Evaluator::power(CommaMeans comma) {
-    const double base = primary(comma);
-    if (!isOperator(L'^')) return base;
-    read(comma);
-    const double exponent = primary(comma);
+inline double Evaluator::power(CommaMeans comma) {
+    const double base = operand(comma);
+    if (token_ != L'^') return base;
+    const double exponent = operand(comma);
     return exponent == 2 ? base * base : std::pow(base, exponent);  // squares are most
+}
+
+/// Mostly a number.
+inline double Evaluator::operand(CommaMeans comma) {
+    if (at_ < end_ && isAsciiDigit(*at_)) {
+        tokenAt_ = at_;
+        readNumber(comma);
+    } else {
+        read(comma);
+    }
+    if (token_ != kNumber) return primary(comma);
+    const double value = value_;
+    read(comma);
+    return value;
 }
 
 // ODDITY(expression-missing-operand): the end of the text is an operand of 1, so that 2+ is 3. Pinned by
 // Expressions.HaveTheseValues.
 double Evaluator::primary(CommaMeans comma) {
     bool isNegative = false;
-    while (isOperator(L'-') || isOperator(L'+')) {
-        isNegative = isNegative != isOperator(L'-');
-        read(comma);
-    }
+    for (; token_ == L'-' || token_ == L'+'; read(comma))
+        isNegative = isNegative != (token_ == L'-');
     double value = 0;
-    if (token_.kind == Kind::kNumber) {
-        value = token_.value;
+    if (token_ == kNumber) {
+        value = value_;
         read(comma);
-    } else if (isOperator(L'(')) {
+    } else if (token_ == L'(') {
         const Nested level(*this);
-        read();
         value = expression();
         close(L')', comma);
-    } else if (isOperator(L'%')) {
+    } else if (token_ == L'%') {
         value = remainder();
         close(L')', comma);
-    } else if (token_.kind == Kind::kKeyword) {
+    } else if (token_ == kKeyword) {
         value = keywordValue(comma);
-    } else if (token_.kind == Kind::kEnd) {
+    } else if (token_ == kEnd) {
         if (!hasFailed()) result_.warnings |= kMissingOperand;
         value = 1;
     } else {
@@ -287,14 +335,14 @@ double Evaluator::primary(CommaMeans comma) {
 
 bool Evaluator::open() {
     read();
-    if (isOperator(L'(')) return true;
+    if (token_ == L'(') return true;
     fail(kSyntaxError);
     return false;
 }
 
 bool Evaluator::close(wchar_t bracket, CommaMeans behind) {
     if (hasFailed()) return false;
-    if (!isOperator(bracket)) {
+    if (token_ != bracket) {
         fail(kBracketNotClosed);
         return false;
     }
@@ -306,18 +354,16 @@ bool Evaluator::close(wchar_t bracket, CommaMeans behind) {
 double Evaluator::remainder() {
     if (!open()) return 0;
     const Nested level(*this);
-    read(CommaMeans::kSeparatorUnlessDigit);
     const int a = truncated(expression(CommaMeans::kSeparatorUnlessDigit));
-    read();
-    const Token divisor = token_;
+    const wchar_t* const begin = at_;
     const int b = truncated(expression());
     if (hasFailed()) return 0;
-    if (b == 0) return failAt(kDivisionByZero, divisor.at, divisor.end);
+    if (b == 0) return failAt(kDivisionByZero, trimmed({begin, static_cast<std::size_t>(tokenAt_ - begin)}));
     return b == -1 ? 0 : a % b;  // the smallest integer by -1 would trap
 }
 
 double Evaluator::keywordValue(CommaMeans comma) {
-    const Keyword keyword = token_.keyword;
+    const Keyword keyword = keyword_;
     if (keyword == Keyword::kPi) {
         read(comma);
         return std::numbers::pi;
@@ -329,15 +375,12 @@ double Evaluator::keywordValue(CommaMeans comma) {
     if (keyword == Keyword::kIchar) {
         value = codeOfMacro();
     } else if (keyword == Keyword::kMin || keyword == Keyword::kMax || keyword == Keyword::kMod) {
-        read(CommaMeans::kSeparator);
         const double a = expression(CommaMeans::kSeparator);
-        if (token_.kind != Kind::kStatementEnd || token_.sign != L',') return fail(kSyntaxError);
-        read(CommaMeans::kSeparator);
+        if (token_ != kStatementEnd || *tokenAt_ != L',') return fail(kSyntaxError);
         const double b = expression(CommaMeans::kSeparator);
         if (keyword == Keyword::kMod && b == 0) return fail(kSyntaxError);
         value = keyword == Keyword::kMin ? std::min(a, b) : keyword == Keyword::kMax ? std::max(a, b) : std::fmod(a, b);
     } else {
-        read();
         value = intrinsic(keyword, expression());
     }
     close(L')', comma);
@@ -386,14 +429,15 @@ double Evaluator::intrinsic(Keyword keyword, double x) {
 double Evaluator::codeOfMacro() {
     while (at_ < end_ && kindOf(*at_) == CharacterKind::kSpace)
         ++at_;
-    const wchar_t* const begin = at_;
+    tokenAt_ = at_;
     while (at_ < end_ && isNameCharacter(*at_))
         ++at_;
-    const CString name = textOf({begin, static_cast<std::size_t>(at_ - begin)});
+    const CString name = textOf(token());
+    const HostCall call(*this);
     CString text;
-    if (names_ == nullptr || name.IsEmpty() || viewOf(name).size() > kLongestToken ||
+    if (hasFailed() || names_ == nullptr || name.IsEmpty() || viewOf(name).size() > kLongestToken ||
         !names_->macroText(viewOf(name), text) || text.IsEmpty()) {
-        return failAt(kSyntaxError, begin, at_);
+        return fail(kSyntaxError);
     }
     read();
     return text[0];
@@ -401,22 +445,21 @@ double Evaluator::codeOfMacro() {
 
 // ---- Whole texts ----
 
-Evaluation Evaluator::run() {
-    read();
-    if (token_.kind == Kind::kEnd && !hasFailed()) return std::move(result_);
+void Evaluator::run() {
+    while (at_ < end_ && kindOf(*at_) == CharacterKind::kSpace)
+        ++at_;
+    if (at_ == end_) return;
     const double value = expression();
-    if (!hasFailed() && token_.kind != Kind::kEnd) fail(kSyntaxError);
+    if (!hasFailed() && token_ != kEnd) fail(kSyntaxError);
     result_.ok = !hasFailed();
     result_.value = result_.ok ? value : 0;
-    return std::move(result_);
 }
 
 bool Evaluator::runChar(double& code) {
     read();
-    if (token_.kind != Kind::kKeyword || token_.keyword != Keyword::kChar || !open()) return false;
-    read();
+    if (token_ != kKeyword || keyword_ != Keyword::kChar || !open()) return false;
     code = expression();
-    return close(L')', CommaMeans::kDecimal) && token_.kind == Kind::kEnd && !hasFailed();
+    return close(L')', CommaMeans::kDecimal) && token_ == kEnd && !hasFailed();
 }
 
 }  // namespace orv

@@ -1,6 +1,7 @@
 // One pass over an expression: tokens are read as the grammar asks for them, nothing is built.
 #pragma once
 
+#include "numeric/character_kinds.h"
 #include "numeric/keywords.h"
 #include "numeric/number_run.h"
 #include "orv/expressions.h"
@@ -15,31 +16,32 @@ struct EvaluationLimits {
 
 class Evaluator {
   public:
-    Evaluator(WideView text, ExpressionNames* names, ExpressionDialect dialect, EvaluationLimits& limits)
+    /// `result` is as new.
+    Evaluator(WideView text, ExpressionNames* names, ExpressionDialect dialect, EvaluationLimits& limits,
+              Evaluation& result)
         : begin_(text.data()),
           at_(text.data()),
           end_(text.data() + text.size()),
           names_(names),
           dialect_(dialect),
-          limits_(limits) {}
+          limits_(limits),
+          result_(result) {}
 
-    Evaluation run();
+    void run();
     /// For CHAR(expression): the code; false if the text is anything else, or wrong.
     bool runChar(double& code);
 
   private:
-    enum class Kind { kEnd, kStatementEnd, kNumber, kKeyword, kOperator };
-    struct Token {
-        Kind kind = Kind::kEnd;
-        wchar_t sign = 0;  // of kOperator
-        Keyword keyword = Keyword::kNone;
-        double value = 0;  // of kNumber
-        const wchar_t* at = nullptr;
-        const wchar_t* end = nullptr;
-    };
+    // What a token is; an operator is its own character.
+    static constexpr wchar_t kEnd = 0;
+    static constexpr wchar_t kStatementEnd = L';';
+    static constexpr wchar_t kNumber = L'0';
+    static constexpr wchar_t kKeyword = L'A';
     class Nested;
+    class HostCall;
 
     void read(CommaMeans comma = CommaMeans::kDecimal);
+    void readOther(CharacterKind kind, CommaMeans comma);
     void readNumber(CommaMeans comma);
     void readName();
     bool resolve(WideView name, double& value);
@@ -49,17 +51,19 @@ class Evaluator {
     double expression(CommaMeans comma = CommaMeans::kDecimal);
     double term(CommaMeans comma);
     double power(CommaMeans comma);
+    double operand(CommaMeans comma);
     double primary(CommaMeans comma);
     double keywordValue(CommaMeans comma);
     double remainder();
     double intrinsic(Keyword keyword, double x);
     double codeOfMacro();
 
-    bool isOperator(wchar_t sign) const { return token_.kind == Kind::kOperator && token_.sign == sign; }
     bool open();
     bool close(wchar_t bracket, CommaMeans behind);
     double fail(ExpressionError error);
-    double failAt(ExpressionError error, const wchar_t* at, const wchar_t* end);
+    double failAt(ExpressionError error, WideView token);
+    void end();
+    WideView token() const { return {tokenAt_, static_cast<std::size_t>(at_ - tokenAt_)}; }
     bool hasFailed() const { return result_.error != kNoError; }
 
     const wchar_t* const begin_;
@@ -68,8 +72,11 @@ class Evaluator {
     ExpressionNames* const names_;
     const ExpressionDialect dialect_;
     EvaluationLimits& limits_;
-    Token token_;
-    Evaluation result_;
+    wchar_t token_ = kEnd;  // ends at at_
+    const wchar_t* tokenAt_ = nullptr;
+    double value_ = 0;                  // of kNumber
+    Keyword keyword_ = Keyword::kNone;  // of kKeyword
+    Evaluation& result_;
 };
 
 }  // namespace orv

@@ -18,6 +18,8 @@ void addOnce(CStringArray& names, WideView name) {
 
 ExpressionNames::~ExpressionNames() = default;
 
+bool ExpressionNames::macroNumber(WideView /*name*/, double& /*value*/) { return false; }
+
 bool ExpressionNames::macroText(WideView /*name*/, CString& /*text*/) { return false; }
 
 bool ExpressionNames::hasArray(WideView /*name*/) { return false; }
@@ -29,16 +31,10 @@ bool ExpressionNames::variable(WideView /*name*/, double& /*value*/) { return fa
 ExpressionNames* ExpressionNames::inMacros() { return this; }
 
 Evaluation evaluate(WideView text, ExpressionNames* names, ExpressionDialect dialect) {
-    // A host's callback may evaluate, and so lead back to itself.
-    constexpr int kMostNested = 32;
-    static thread_local int nested = 0;
-    struct Level {
-        Level() { ++nested; }
-        ~Level() { --nested; }
-    } const level;
+    Evaluation result;
     EvaluationLimits limits;
-    if (nested > kMostNested) limits.depth = kDeepestExpression;
-    return Evaluator(text, names, dialect, limits).run();
+    Evaluator(text, names, dialect, limits, result).run();
+    return result;
 }
 
 // A pass over the names alone, so that those behind an error are found too.

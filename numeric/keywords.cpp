@@ -1,43 +1,62 @@
 #include "numeric/keywords.h"
 
+#include <cstdint>
+
 namespace orv {
 namespace {
 
+/// A word in any case as a number, of which no other name's is the same; 0 if it is no word of such characters.
+constexpr std::uint64_t packed(WideView name) {
+    constexpr std::size_t kLongest = 5;
+    constexpr unsigned kByte = 8, kAscii = 128, kCase = L'a' - L'A';
+    if (name.size() > kLongest) return 0;
+    std::uint64_t word = 0;
+    for (const wchar_t ch : name) {
+        if (ch >= kAscii) return 0;
+        word = word << kByte | (ch & ~kCase);
+    }
+    return word;
+}
+
+Keyword calculatorWord(std::uint64_t word) {
+    switch (word) {
+        case packed(L"SIN"):
+            return Keyword::kSin;
+        case packed(L"COS"):
+            return Keyword::kCos;
+        case packed(L"TAN"):
+            return Keyword::kTan;
+        case packed(L"PI"):
+            return Keyword::kPi;
+        default:
+            return Keyword::kNone;
+    }
+}
+
 struct Row {
-    WideView name;
+    std::uint64_t word;
     Keyword keyword;
 };
-
-constexpr std::size_t kCalculatorWords = 4;
 // clang-format off
-constexpr Row kRows[] = {
-    {L"SIN", Keyword::kSin}, {L"COS", Keyword::kCos}, {L"TAN", Keyword::kTan}, {L"PI", Keyword::kPi},
-    // Fortran alone
-    {L"MIN", Keyword::kMin}, {L"MAX", Keyword::kMax}, {L"SQRT", Keyword::kSqrt}, {L"MOD", Keyword::kMod},
-    {L"LOG10", Keyword::kLog10}, {L"LOG", Keyword::kLog}, {L"ABS", Keyword::kAbs}, {L"ACOS", Keyword::kAcos},
-    {L"ASIN", Keyword::kAsin}, {L"ATAN", Keyword::kAtan}, {L"COSH", Keyword::kCosh}, {L"SINH", Keyword::kSinh},
-    {L"EXP", Keyword::kExp}, {L"CHAR", Keyword::kChar}, {L"ICHAR", Keyword::kIchar}, {L"INT", Keyword::kInt},
-    {L"NINT", Keyword::kNint},
+constexpr Row kFortranWords[] = {
+    {packed(L"MIN"), Keyword::kMin}, {packed(L"MAX"), Keyword::kMax}, {packed(L"SQRT"), Keyword::kSqrt},
+    {packed(L"MOD"), Keyword::kMod}, {packed(L"LOG10"), Keyword::kLog10}, {packed(L"LOG"), Keyword::kLog},
+    {packed(L"ABS"), Keyword::kAbs}, {packed(L"ACOS"), Keyword::kAcos}, {packed(L"ASIN"), Keyword::kAsin},
+    {packed(L"ATAN"), Keyword::kAtan}, {packed(L"COSH"), Keyword::kCosh}, {packed(L"SINH"), Keyword::kSinh},
+    {packed(L"EXP"), Keyword::kExp}, {packed(L"CHAR"), Keyword::kChar}, {packed(L"ICHAR"), Keyword::kIchar},
+    {packed(L"INT"), Keyword::kInt}, {packed(L"NINT"), Keyword::kNint},
 };
 // clang-format on
-
-bool isSame(WideView name, WideView upper) {
-    if (name.size() != upper.size()) return false;
-    for (std::size_t i = 0; i < name.size(); ++i) {
-        const wchar_t ch = name[i] >= L'a' && name[i] <= L'z' ? static_cast<wchar_t>(name[i] - L'a' + L'A') : name[i];
-        if (ch != upper[i]) return false;
-    }
-    return true;
-}
 
 }  // namespace
 
 Keyword keywordOf(WideView name, ExpressionDialect dialect) {
-    constexpr std::size_t kLongest = 5;
-    if (name.size() > kLongest) return Keyword::kNone;
-    const std::size_t count = dialect == ExpressionDialect::kFortran ? std::size(kRows) : kCalculatorWords;
-    for (std::size_t i = 0; i < count; ++i) {
-        if (isSame(name, kRows[i].name)) return kRows[i].keyword;
+    const std::uint64_t word = packed(name);
+    if (word == 0) return Keyword::kNone;
+    const Keyword keyword = calculatorWord(word);
+    if (keyword != Keyword::kNone || dialect != ExpressionDialect::kFortran) return keyword;
+    for (const Row& row : kFortranWords) {
+        if (row.word == word) return row.keyword;
     }
     return Keyword::kNone;
 }

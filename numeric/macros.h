@@ -25,8 +25,14 @@ struct SameName {
 template <class Value>
 using NameMap = std::unordered_map<WideString, Value, NameHash, SameName>;
 
+struct TextMacro {
+    CString text;
+    double number = 0;
+    bool isNumber = false;  // plainly, so that evaluating the text gives the number and nothing else
+};
+
 struct NumericState {
-    NameMap<CString> texts;
+    NameMap<TextMacro> texts;
     NameMap<MacroCallback> callbacks;
     NameMap<CStringArray*> arrays;
     int errors = 0;
@@ -35,7 +41,7 @@ struct NumericState {
 
     const CString* textOf(WideView name) const {
         const auto found = texts.find(name);
-        return found != texts.end() ? &found->second : nullptr;
+        return found != texts.end() ? &found->second.text : nullptr;
     }
     /// Null when there is no such element.
     const CString* elementOf(WideView name, int index) const {
@@ -45,6 +51,8 @@ struct NumericState {
     }
 };
 
+TextMacro textMacro(const wchar_t* text);
+
 NumericState& numericState(ExpressionDialect dialect);
 
 /// The macros of the process, before a numeric string's own variables.
@@ -52,6 +60,7 @@ class MacroNames : public ExpressionNames {
   public:
     explicit MacroNames(NumericState& state) : state_(state) {}
 
+    bool macroNumber(WideView name, double& value) override;
     bool macroText(WideView name, CString& text) override;
     bool hasArray(WideView name) override { return state_.arrays.find(name) != state_.arrays.end(); }
     bool arrayElement(WideView name, int index, CString& text) override;

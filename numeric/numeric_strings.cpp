@@ -180,7 +180,7 @@ int NumericString<kDialect>::ValidateInt(int least, int greatest) {
 
 template <ExpressionDialect kDialect>
 void NumericString<kDialect>::DefineMacro(const wchar_t* name, const wchar_t* text) {
-    numericState(kDialect).texts[WideString(viewOf(name))] = CString(text);
+    numericState(kDialect).texts[WideString(viewOf(name))] = textMacro(text);
 }
 
 template <ExpressionDialect kDialect>
@@ -294,8 +294,9 @@ CString CFortranString::StringValue() {
     if (const CString* macro = fortran().textOf(orv::viewOf(GetText())); macro != nullptr) return withoutQuotes(*macro);
     orv::MacroNames names(fortran());
     orv::EvaluationLimits limits;
+    orv::Evaluation unused;
     double code = 0;
-    orv::Evaluator asChar(orv::viewOf(GetText()), &names, orv::ExpressionDialect::kFortran, limits);
+    orv::Evaluator asChar(orv::viewOf(GetText()), &names, orv::ExpressionDialect::kFortran, limits, unused);
     constexpr double kLastCode = 0xFFFF;
     if (asChar.runChar(code) && code >= 1 && code <= kLastCode) return CString(static_cast<wchar_t>(code));
     double value = 0;

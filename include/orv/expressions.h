@@ -36,6 +36,9 @@ class ORV_API ExpressionNames {
     ExpressionNames& operator=(const ExpressionNames&) = delete;
     virtual ~ExpressionNames();
 
+    /// A macro whose text is nothing but a number, for who knows it; quicker than its text. The name is not
+    /// NUL-terminated.
+    virtual bool macroNumber(WideView name, double& value);
     /// A macro's text, which is an expression of its own. False: no such macro.
     virtual bool macroText(WideView name, CString& text);
     virtual bool hasArray(WideView name);
@@ -66,8 +69,8 @@ struct Evaluation {
     bool ok = false;
     double value = 0;        // 0 unless ok
     int error = kNoError;    // an empty text is not ok and has no error
-    int position = 0;        // of the offending token in `text`
-    int length = 0;          // of the offending token; 0 at the end of the text
+    int position = 0;        // of the offending token, or of the divisor that is 0, in `text`
+    int length = 0;          // of the same; 0 at the end of the text
     CString text;            // the expression that failed: the given one, or the macro's that is to blame
     bool isInMacro = false;  // the latter
     unsigned warnings = 0;

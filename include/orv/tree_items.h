@@ -419,6 +419,7 @@ struct TreeAccess {
     static void setName(CTreeItem& item, wchar_t* name);
     // In tree_memory.h:
     static CLeaf* newLeaf(MemoryPages& pages, CNode& node, wchar_t* name, wchar_t* value);
+    static CLeaf* newLeaf(MemoryPages& pages, CNode& node, wchar_t* name, WideView value);
     static CNode* newChild(MemoryPages& pages, CNode& node, wchar_t* name);
     static void appendNew(CNode& node, ItemChain& chain, CTreeItem& item);
     static void destroyChildren(CNode& node);

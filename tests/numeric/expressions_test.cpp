@@ -144,7 +144,7 @@ TEST(Expressions, FailLikeThis) {
         {L"", orv::kNoError, 0, 0},
         {L" \t", orv::kNoError, 0, 0},
         {L"4/0", orv::kDivisionByZero, 2, 1},
-        {L"1/(2-2)+x", orv::kDivisionByZero, 2, 1},
+        {L"1/(2-2) +x", orv::kDivisionByZero, 2, 5},
         {L"%(1;0)", orv::kDivisionByZero, 4, 1},
         {L"2^3^2", orv::kSyntaxError, 3, 1},
         {L"2 3", orv::kSyntaxError, 2, 1},

@@ -155,6 +155,23 @@ TEST_F(NumericStrings, MacrosBelongToTheProcess) {
     EXPECT_EQ(1, CNumString::AnzahlFehler());
 }
 
+int callsOfNested = 0;
+
+int nestedCallback(const wchar_t* name, CString& result) {
+    ++callsOfNested;
+    result.Format(L"%d", number(name).Int() + 1);
+    return 1;
+}
+
+TEST_F(NumericStrings, CallbacksThatLeadToThemselvesComeToAnEnd) {
+    CNumString::DefineMacro(L"F", nestedCallback);
+    CNumString::DefineMacro(L"F", L"5");
+    number(L"F").Value();
+    EXPECT_EQ(1, CNumString::AnzahlFehler()) << "the innermost";
+    EXPECT_GT(callsOfNested, 9) << "some levels are good";
+    EXPECT_LT(callsOfNested, 100);
+}
+
 class WithVariables : public CNumString {
   public:
     using CNumString::operator=;
