@@ -159,7 +159,7 @@ void CLeaf::SetStrLeafValue(int index, const wchar_t* value, wchar_t separator) 
     const CString text(value);  // which may be this very value
     const bool wasRaw = readsRawMarks();
     COrvSubStr::setSubstrReadRawTrData(true);
-    orvStrUtil::SetSubStr(value_, std::max(index, 1), separator, text);
+    orvStrUtil::SetSubStr(writableValue(), std::max(index, 1), separator, text);
     COrvSubStr::setSubstrReadRawTrData(wasRaw);
 }
 
@@ -211,7 +211,7 @@ void CLeaf::SetLastValue(const wchar_t* value) {
 
 void CLeaf::ExitSetValues() {
     if (walk.written != this) return;
-    orvSubStrUtil::AddEnd(value_);
+    orvSubStrUtil::AddEnd(writableValue());
     walk.written = nullptr;
 }
 
@@ -248,9 +248,9 @@ double CLeaf::GetOnlyValueD(wchar_t separator, double defaultValue) const {
     return field.IsEmpty() ? defaultValue : numberIn(field);
 }
 
-void CLeaf::SetOnlyValue(const wchar_t* value, wchar_t /*separator*/) { value_ = escaped(value); }
-void CLeaf::SetOnlyValue(int value, wchar_t /*separator*/) { value_ = textOf(value); }
-void CLeaf::SetOnlyValue(double value, wchar_t /*separator*/) { value_ = textOf(value); }
+void CLeaf::SetOnlyValue(const wchar_t* value, wchar_t /*separator*/) { writableValue() = escaped(value); }
+void CLeaf::SetOnlyValue(int value, wchar_t /*separator*/) { writableValue() = textOf(value); }
+void CLeaf::SetOnlyValue(double value, wchar_t /*separator*/) { writableValue() = textOf(value); }
 
 // ---- By path ----
 

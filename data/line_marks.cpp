@@ -16,9 +16,8 @@ namespace {
 /// What stands in some blocks of 64 characters, one bit for each of them.
 struct Found {
     std::uint64_t marks[LineMarks::kBlocks];
-    unsigned counts[LineMarks::kBlocks];  // of the bits
-    std::size_t blocks;                   // up to the one with the NUL
-    std::uint64_t nuls;                   // in the last block
+    std::size_t blocks;  // up to the one with the NUL
+    std::uint64_t nuls;  // in the last block
 };
 
 ORV_READS_WHOLE_BLOCKS void findSse2(const wchar_t* block, wchar_t separator, Found& found) {
@@ -37,7 +36,6 @@ ORV_READS_WHOLE_BLOCKS void findSse2(const wchar_t* block, wchar_t separator, Fo
             all |= std::uint64_t{detail::maskOf(_mm_packs_epi16(marks[0], marks[1]))} << part * 16;
             found.nuls |= std::uint64_t{detail::maskOf(_mm_packs_epi16(nuls[0], nuls[1]))} << part * 16;
         }
-        found.counts[found.blocks] = static_cast<unsigned>(std::popcount(all));
         found.marks[found.blocks++] = all;
     }
 }
@@ -51,49 +49,57 @@ ORV_READS_WHOLE_BLOCKS ORV_TARGET_AVX512 void findAvx512(const wchar_t* block, w
         const std::uint64_t highMarks = _mm512_cmpeq_epi16_mask(high, lf) | _mm512_cmpeq_epi16_mask(high, wanted);
         const std::uint64_t lowNuls = _mm512_testn_epi16_mask(low, low), highNuls = _mm512_testn_epi16_mask(high, high);
         found.nuls = lowNuls | highNuls << 32;
-        found.counts[found.blocks] = static_cast<unsigned>(__builtin_popcountll(lowMarks | highMarks << 32));
         found.marks[found.blocks++] = lowMarks | highMarks << 32;
     }
+}
+
+/// Where the bits stand. A block has five or six, mostly: what is written behind the last one is overwritten, without a
+/// branch for each.
+ORV_KERNEL_INLINE const wchar_t** putAll(const Found& found, const wchar_t* start, const wchar_t** to) {
+    constexpr unsigned kAtOnce = 8;
+    constexpr std::uint64_t kLast = std::uint64_t{1} << 63;  // so that there always is a first bit
+    for (std::size_t i = 0; i < found.blocks; ++i, start += LineMarks::kBlock) {
+        std::uint64_t marks = found.marks[i];
+        const wchar_t** const end = to + __builtin_popcountll(marks);
+        for (unsigned k = 0; k < kAtOnce; ++k, marks &= marks - 1)
+            to[k] = start + __builtin_ctzll(marks | kLast);
+        for (to += kAtOnce; marks != 0; marks &= marks - 1)
+            *to++ = start + __builtin_ctzll(marks);
+        to = end;
+    }
+    return to;
+}
+
+const wchar_t** put(const Found& found, const wchar_t* start, const wchar_t** to) { return putAll(found, start, to); }
+
+ORV_TARGET_AVX512 const wchar_t** putAvx512(const Found& found, const wchar_t* start, const wchar_t** to) {
+    return putAll(found, start, to);
 }
 
 }  // namespace
 
 void LineMarks::fill() {
     constexpr std::uintptr_t kBlockBytes = kBlock * sizeof(wchar_t);
+    const bool isWide = vectorLevel() >= VectorLevel::kAvx512;
     Found found;
     next_ = end_ = marks_.data();
     while (end_ == next_) {
         const auto address = reinterpret_cast<std::uintptr_t>(block_);
         const std::uintptr_t before = address % kBlockBytes / sizeof(wchar_t);
-        const wchar_t* start = block_ - before;
-        (vectorLevel() >= VectorLevel::kAvx512 ? findAvx512 : findSse2)(start, separator_, found);
+        const wchar_t* const start = block_ - before;
+        (isWide ? findAvx512 : findSse2)(start, separator_, found);
         const std::uint64_t here = ~std::uint64_t{0} << before;
-        if (before != 0) {
-            if (found.blocks == 1) found.nuls &= here;
-            found.marks[0] &= here;
-            found.counts[0] = static_cast<unsigned>(std::popcount(found.marks[0]));
-        }
+        found.marks[0] &= here;
+        if (found.blocks == 1) found.nuls &= here;
         if (found.nuls != 0) {  // the first one ends the text
             const std::uint64_t first = found.nuls & (~found.nuls + 1);
             std::uint64_t& last = found.marks[found.blocks - 1];
             last = (last & (first - 1)) | first;
-            found.counts[found.blocks - 1] = static_cast<unsigned>(std::popcount(last));
         }
-        for (std::size_t i = 0; i < found.blocks; ++i, start += kBlock)
-            put(start, found.marks[i], found.counts[i]);
-        block_ = start;
+        end_ = (isWide ? putAvx512 : put)(found, start, end_);
+        block_ = start + found.blocks * kBlock;
+        seen_ = found.nuls != 0 ? end_[-1] : block_;
     }
-}
-
-// Mostly five or six: what is written behind the last one is overwritten, without a branch for each.
-void LineMarks::put(const wchar_t* start, std::uint64_t marks, unsigned count) {
-    constexpr unsigned kAtOnce = 6;
-    const wchar_t** to = end_;
-    end_ += count;
-    for (unsigned i = 0; i < kAtOnce; ++i, marks &= marks - 1)
-        *to++ = start + std::countr_zero(marks);
-    for (; marks != 0; marks &= marks - 1)
-        *to++ = start + std::countr_zero(marks);
 }
 
 }  // namespace orv

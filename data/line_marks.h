@@ -15,7 +15,7 @@ class LineMarks {
   public:
     LineMarks(const wchar_t* text, wchar_t separator) : block_(text), separator_(separator) {}
 
-    /// The first mark at or behind `at`, which never is before that of the last call.
+    /// The first mark at or behind `at`, which never is before the last one given.
     const wchar_t* from(const wchar_t* at) {
         for (;; ++next_) {
             if (next_ == end_) fill();
@@ -23,18 +23,27 @@ class LineMarks {
         }
     }
 
+    /// The one behind the last one given, which was not the NUL.
+    const wchar_t* following() {
+        if (++next_ == end_) fill();
+        return *next_;
+    }
+
+    /// How many characters of the text have been seen from `at` on.
+    std::size_t seenFrom(const wchar_t* at) const { return at < seen_ ? static_cast<std::size_t>(seen_ - at) : 0; }
+
     static constexpr std::size_t kBlock = 64;   // characters
     static constexpr std::size_t kBlocks = 16;  // at once
 
   private:
-    static constexpr std::size_t kMore = 8;  // put() writes behind the end
+    static constexpr std::size_t kMore = 8;  // what is found is written so many at once
 
     void fill();
-    void put(const wchar_t* start, std::uint64_t marks, unsigned count);
 
     const wchar_t* block_;  // where to go on: at first in the middle of a block
     wchar_t separator_;
-    std::array<const wchar_t*, kBlock * kBlocks + kMore> marks_;  // what is found is written first
+    const wchar_t* seen_ = nullptr;
+    std::array<const wchar_t*, kBlock * kBlocks + kMore> marks_;
     const wchar_t** next_ = marks_.data();
     const wchar_t** end_ = marks_.data();
 };

@@ -6,6 +6,7 @@
 namespace orv {
 
 void TreeAccess::link(CNode& node, ItemChain& chain, CTreeItem& item, CTreeItem* after) {
+    unpack(&node);
     CTreeItem* before = after == nullptr ? chain.first : after->next_;
     item.parent_ = &node;
     item.previous_ = after;
@@ -21,6 +22,9 @@ void TreeAccess::setParent(const ItemChain& chain, CNode& parent) {
 }
 
 void TreeAccess::swapContents(CNode& node, CNode& other) {
+    unpack(node.parent_);
+    unpack(other.parent_);
+    std::swap(node.packedEnd_, other.packedEnd_);
     std::swap(node.name_, other.name_);
     std::swap(node.children_, other.children_);
     std::swap(node.leaves_, other.leaves_);
@@ -55,13 +59,20 @@ void TreeAccess::copyContents(CNode& to, const CNode& from) {
 
 CTreeItem::~CTreeItem() = default;
 
+void CTreeItem::SetName(const CString& name) {
+    willChange();
+    name_ = name;
+}
+
+void CTreeItem::willChange() const { orv::TreeAccess::unpack(parent_); }
+
 CLeaf::~CLeaf() {
     if (GetParent() != nullptr) orv::TreeAccess::unlink(*this);
 }
 
 CLeaf& CLeaf::operator=(const CLeaf& other) {
     SetName(other.GetName());
-    value_ = other.value_;
+    writableValue() = other.value_;
     return *this;
 }
 

@@ -21,14 +21,14 @@ class Ending {
         releaseNow();
     }
 
-    void piece(MemoryPage* page) {
+    void piece(MemoryPage* page, std::size_t bytes) {
         if (page != page_) {
             releaseNow();
             page_ = page;
         }
-        ++count_;
+        bytes_ += bytes;
     }
-    /// A value has one reference, mostly.
+    /// A value mostly has one reference.
     void value(wchar_t* text) {
         StringData& data = *StringAccess::dataOf(text);
         const std::int32_t references = data.references.load(std::memory_order_acquire);
@@ -36,14 +36,16 @@ class Ending {
         if (references > 1) {
             name(text);
         } else if (data.capacity < 0) {
-            piece(pageOf(data));
+            piece(pageOf(data), bytesInPage(data));
         } else {
             const CString last(StringAccess::adopt(text));
         }
     }
-    /// A name has thousands.
+    /// A name lasts, or has thousands of them.
     void name(wchar_t* text) {
-        if (StringAccess::dataOf(text)->references.load(std::memory_order_relaxed) <= 0) {  // immortal, or locked
+        const std::int32_t references = StringAccess::dataOf(text)->references.load(std::memory_order_relaxed);
+        if (references == StringData::kImmortal) return;
+        if (references < 0) {
             const CString last(StringAccess::adopt(text));
             return;
         }
@@ -61,15 +63,15 @@ class Ending {
         std::int32_t count = 0;
     };
     void releaseNow() {
-        if (count_ != 0) releasePieces(page_, count_);
-        count_ = 0;
+        if (bytes_ != 0) releaseBytes(page_, bytes_);
+        bytes_ = 0;
     }
     void flush(const Shared& one) {
         if (one.count == 0) return;
         StringData& data = *StringAccess::dataOf(one.text);
         if (data.references.fetch_sub(one.count, std::memory_order_acq_rel) == one.count) {
             if (data.capacity < 0) {
-                piece(pageOf(data));
+                piece(pageOf(data), bytesInPage(data));
             } else {
                 freeText(one.text);
             }
@@ -77,7 +79,7 @@ class Ending {
     }
 
     MemoryPage* page_ = nullptr;
-    std::int32_t count_ = 0;
+    std::size_t bytes_ = 0;
     std::array<Shared, 64> shared_;
 };
 
@@ -86,6 +88,20 @@ class Ending {
 /// Items in pages are plain ones, and end without their destructors; any other is deleted for itself.
 class TreeAccess::Destroyer {
   public:
+    /// All that a packed node holds, without a look at it; false if it is not packed, or texts of it are used
+    /// elsewhere.
+    static bool runOf(CNode& node) {
+        if (!isPacked(node)) return false;
+        CTreeItem* const first = node.leaves_.first != nullptr ? node.leaves_.first : node.children_.first;
+        if (first != nullptr) {
+            ItemPlace* const place = ItemPlace::of(first);
+            if (!releaseRun(place->page(), reinterpret_cast<const char*>(place), node.packedEnd_)) return false;
+        }
+        node.children_ = node.leaves_ = {};
+        node.childCursor_ = node.leafCursor_ = nullptr;
+        node.packedEnd_ = nullptr;
+        return true;
+    }
     void leavesOf(CNode& node) {
         for (CTreeItem* item = node.leaves_.first; item != nullptr;) {
             CTreeItem* const next = item->next_;
@@ -108,6 +124,7 @@ class TreeAccess::Destroyer {
         for (;;) {
             if (CNode* child = firstChild(*at)) {
                 at = child;
+                runOf(*at);
                 continue;
             }
             if (at == &root) break;
@@ -130,22 +147,29 @@ class TreeAccess::Destroyer {
   private:
     void end(CTreeItem& item) {
         ending_.name(StringAccess::charactersOf(item.name_));
-        ending_.piece(ItemPlace::of(&item)->page());
+        ending_.piece(ItemPlace::of(&item)->page(), ItemPlace::of(&item)->bytes);
     }
 
     Ending ending_;
 };
 
 void TreeAccess::destroyChildren(CNode& node) {
-    if (node.children_.first != nullptr) Destroyer().childrenOf(node);
+    if (node.children_.first == nullptr) return;
+    unpack(node.parent_);
+    if (node.leaves_.first == nullptr && Destroyer::runOf(node)) return;
+    unpack(&node);
+    Destroyer().childrenOf(node);
 }
 
 void TreeAccess::destroyLeaves(CNode& node) {
-    if (node.leaves_.first != nullptr) Destroyer().leavesOf(node);
+    if (node.leaves_.first == nullptr) return;
+    unpack(&node);
+    Destroyer().leavesOf(node);
 }
 
 void TreeAccess::destroyContents(CNode& node) {
     if (node.children_.first == nullptr && node.leaves_.first == nullptr) return;
+    if (Destroyer::runOf(node)) return;
     Destroyer destroyer;
     destroyer.childrenOf(node);
     destroyer.leavesOf(node);
@@ -165,7 +189,7 @@ void CTreeItem::operator delete(void* item) noexcept {
     if (item == nullptr) return;
     orv::ItemPlace* const place = orv::ItemPlace::of(item);
     if (place->offset != 0) {
-        orv::releasePieces(place->page(), 1);
+        orv::releaseBytes(place->page(), place->bytes);
     } else {
         std::free(static_cast<char*>(item) - orv::kBeforeHeapItem);
     }

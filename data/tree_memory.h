@@ -9,28 +9,24 @@
 
 namespace orv {
 
-/// Stands before every item that has its memory from CTreeItem: how far its page is, 0 for one on the heap.
+/// Stands before every item that has its memory from CTreeItem: how far its page is, 0 for one on the heap, and what it
+/// takes there.
 struct ItemPlace {
     std::uint32_t offset;
-    std::uint32_t unused;
+    std::uint32_t bytes;
 
     static ItemPlace* of(void* item) { return static_cast<ItemPlace*>(item) - 1; }
     MemoryPage* page() { return MemoryPage::of(this, offset); }
 };
 
-/// Memory for an item in a page.
-inline void* placeItem(MemoryPages& pages, std::size_t bytes) {
-    std::uint32_t offset = 0;
-    void* const piece = pages.allocate(sizeof(ItemPlace) + bytes, offset);
-    return new (piece) ItemPlace{offset, 0} + 1;
-}
+template <class Item>
+inline constexpr std::size_t kPlacedBytes = MemoryPages::rounded(sizeof(ItemPlace) + sizeof(Item));
 
-/// One more reference to a text that is nobody else's yet.
-inline wchar_t* shareOwnText(wchar_t* characters) noexcept {
-    std::atomic<std::int32_t>& references = StringAccess::dataOf(characters)->references;
-    const std::int32_t count = references.load(std::memory_order_relaxed);
-    if (count > 0) references.store(count + 1, std::memory_order_relaxed);
-    return characters;
+/// Memory for an item in a page, with `more` bytes behind it.
+template <class Item>
+void* placeItem(MemoryPages& pages, std::uint32_t& offset, std::size_t more = 0) {
+    void* const piece = pages.allocate(kPlacedBytes<Item> + more, offset);
+    return new (piece) ItemPlace{offset, static_cast<std::uint32_t>(kPlacedBytes<Item>)} + 1;
 }
 
 /// References to the texts of a tree for its copy. Those to one text are counted together, and only then in one locked
@@ -50,7 +46,9 @@ class SharedTexts {
         wchar_t* const characters = StringAccess::charactersOf(text);
         std::atomic<std::int32_t>& references = StringAccess::dataOf(characters)->references;
         const std::int32_t count = references.load(std::memory_order_relaxed);
-        if (count == 1) {  // the tree's alone
+        if (count == StringData::kAlone) {
+            shareFromPage(*StringAccess::dataOf(characters));
+        } else if (count == 1) {
             references.store(2, std::memory_order_relaxed);
         } else if (count > 1) {
             Shared& slot = shared_[reinterpret_cast<std::uintptr_t>(characters) / 8 % shared_.size()];
@@ -88,29 +86,54 @@ inline void TreeAccess::appendNew(CNode& node, ItemChain& chain, CTreeItem& item
 
 // The items take over one reference of each text.
 inline CLeaf* TreeAccess::newLeaf(MemoryPages& pages, CNode& node, wchar_t* name, wchar_t* value) {
-    auto* leaf = ::new (placeItem(pages, sizeof(CLeaf))) CLeaf(StringAccess::adopt(name), StringAccess::adopt(value));
+    std::uint32_t offset = 0;
+    auto* leaf = ::new (placeItem<CLeaf>(pages, offset)) CLeaf(StringAccess::adopt(name), StringAccess::adopt(value));
     appendNew(node, node.leaves_, *leaf);
     return leaf;
 }
 
-/// With a value of its own, which stands behind it.
-inline CLeaf* TreeAccess::newLeaf(MemoryPages& pages, CNode& node, wchar_t* name, WideView value) {
-    constexpr std::size_t kBefore = sizeof(ItemPlace) + sizeof(CLeaf);
-    const std::size_t bytes = kBefore + bytesOfText(value.size());
-    if (value.empty() || bytes > MemoryPages::kLargestPiece) return newLeaf(pages, node, name, makeText(pages, value));
+/// Whether a leaf and its value fit into a page.
+inline bool isForPage(WideView value) {
+    return kPlacedBytes<CLeaf> + bytesOfText(value.size()) <= MemoryPages::kLargestPiece;
+}
+
+/// With a value of its own, which stands behind it; see writeText.
+inline CLeaf* TreeAccess::newLeaf(MemoryPages& pages, CNode& node, wchar_t* name, WideView value,
+                                  std::size_t readable) {
+    if (value.empty() || !isForPage(value)) return newLeaf(pages, node, name, makeText(pages, value));
     std::uint32_t offset = 0;
-    auto* const piece = static_cast<char*>(pages.allocate(bytes, offset, 2));
-    wchar_t* const text = writeText(piece + kBefore, offset + static_cast<std::uint32_t>(kBefore), value);
-    auto* leaf =
-        ::new (new (piece) ItemPlace{offset, 0} + 1) CLeaf(StringAccess::adopt(name), StringAccess::adopt(text));
+    void* const place = placeItem<CLeaf>(pages, offset, bytesOfText(value.size()));
+    char* const behind = static_cast<char*>(place) - sizeof(ItemPlace) + kPlacedBytes<CLeaf>;
+    wchar_t* const text = writeText(behind, offset + static_cast<std::uint32_t>(kPlacedBytes<CLeaf>), value, readable);
+    auto* leaf = ::new (place) CLeaf(StringAccess::adopt(name), StringAccess::adopt(text));
     appendNew(node, node.leaves_, *leaf);
     return leaf;
 }
 
 inline CNode* TreeAccess::newChild(MemoryPages& pages, CNode& node, wchar_t* name) {
-    auto* child = ::new (placeItem(pages, sizeof(CNode))) CNode(StringAccess::adopt(name));
+    std::uint32_t offset = 0;
+    auto* child = ::new (placeItem<CNode>(pages, offset)) CNode(StringAccess::adopt(name));
     appendNew(node, node.children_, *child);
     return child;
+}
+
+/// For a node of whose branch the last piece is the last that was made; the sizes of all its items have been added.
+inline void TreeAccess::pack(CNode& node, const MemoryPages& pages) { node.packedEnd_ = pages.at(); }
+
+/// For a node that is going to be packed.
+inline void TreeAccess::begin(CNode& node) {
+    unpack(&node);
+    node.packedSize_ = {};
+}
+
+inline void TreeAccess::addLeafSize(CNode& node, std::size_t nameAndValue) {
+    node.packedSize_.characters += kLeafCharacters + nameAndValue;  // the lines are counted anyway
+}
+
+inline void TreeAccess::addChildSize(CNode& node, TextSize child) {
+    node.packedSize_.characters += child.characters;
+    node.packedSize_.lines += child.lines;
+    node.packedSize_.tabs += child.tabs + child.lines;
 }
 
 inline void TreeAccess::setName(CTreeItem& item, wchar_t* name) { item.name_ = CString(StringAccess::adopt(name)); }

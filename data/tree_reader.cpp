@@ -1,10 +1,13 @@
 #include "data/tree_reader.h"
 
+#include <algorithm>
 #include <array>
 
 #include "data/line_marks.h"
+#include "data/name_table.h"
 #include "data/tree_memory.h"
 #include "framework/characters.h"
+#include "framework/cpu.h"
 #include "framework/vector.h"
 
 namespace orv {
@@ -22,15 +25,14 @@ bool startsWith(const wchar_t* text, WideView prefix) {
     return true;
 }
 
-/// As isSpace, which most characters need not be asked.
-bool isWhite(wchar_t ch) {
+/// Most characters need not be asked whether they are white space.
+bool mayBeWhite(wchar_t ch) {
     constexpr wchar_t kFirstRare = 0x85;
-    if (ch < kFirstRare) return ch == L' ' || (ch >= L'\t' && ch <= L'\r');
-    return isSpace(ch);
+    return ch <= L' ' || ch >= kFirstRare;
 }
 
 void skipSpace(const wchar_t*& at) {
-    while (isWhite(*at))
+    while (mayBeWhite(*at) && isSpace(*at))
         ++at;
 }
 
@@ -44,28 +46,49 @@ void skipLineEnd(const wchar_t*& at) {
     }
 }
 
-/// The first place that is no TAB, or nearly at `end`.
-const wchar_t* behindTabs(const wchar_t* at, const wchar_t* end) {
-    constexpr std::ptrdiff_t kStep = 8;
-    for (std::size_t tabs = kStep; tabs == kStep && end - at >= kStep; at += tabs) {
-        const __m128i found = _mm_cmpeq_epi16(detail::load8(at), detail::eightTimes(L'\t'));
-        tabs = detail::firstUnitIn(~detail::maskOf(found) | 1U << (2 * kStep));
+/// The TABs before a line, mostly as many as before the last one: that is looked at first, so that what stands behind
+/// them need not wait until they are counted.
+class Indentation {
+  public:
+    /// The first place that is no TAB, or nearly at `end`.
+    const wchar_t* behind(const wchar_t* at, const wchar_t* end) {
+        constexpr std::ptrdiff_t kStep = 8;
+        while (end - at >= kStep) {
+            const unsigned found =
+                detail::maskOf(_mm_cmpeq_epi16(detail::load8(at), detail::eightTimes(L'\t')));  // two bits each
+            if ((found & (4 * before_ + 3)) == before_) return at + tabs_;
+            const std::size_t tabs = detail::firstUnitIn(~found | 1U << (2 * kStep));
+            at += tabs;
+            if (tabs == kStep) continue;
+            tabs_ = tabs;
+            before_ = (1U << 2 * tabs) - 1;
+            break;
+        }
+        return at;
     }
-    return at;
+
+  private:
+    std::size_t tabs_ = 0;
+    unsigned before_ = 0;  // the bits of so many TABs
+};
+
+bool isLasting(const wchar_t* name) {
+    return StringAccess::dataOf(name)->references.load(std::memory_order_relaxed) == StringData::kImmortal;
 }
 
-/// The names of a text repeat: the same characters become the same shared text.
+/// The names of a text repeat: the same characters mostly become the same shared text.
 class Names {
   public:
     explicit Names(MemoryPages& pages) : pages_(pages) {}
 
-    /// With one reference for a new string.
     wchar_t* get(WideView name) {
         if (name.empty()) return const_cast<wchar_t*>(emptyString());
         const std::size_t key = name.size() * 31U + name.front() * 7U + name.back() * 3U + name[name.size() / 2];
         wchar_t*& kept = kept_[key % kept_.size()];
-        if (kept != nullptr && isName(kept, name)) return shareOwnText(kept);
-        return kept = makeText(pages_, name);
+        if (kept != nullptr && isName(kept, name)) return kept;
+        wchar_t* const found = lastingName(name);
+        if (found == nullptr) return makeText(pages_, name);
+        return kept = found;
     }
     static bool isName(const wchar_t* text, WideView name) {
         return static_cast<std::size_t>(StringAccess::dataOf(text)->length) == name.size() &&
@@ -74,7 +97,7 @@ class Names {
 
   private:
     MemoryPages& pages_;
-    std::array<wchar_t*, 64> kept_{};  // each held by some item of the tree
+    std::array<wchar_t*, 64> kept_{};
 };
 
 /// Nodes of one level mostly have leaves of the same names, in the same order.
@@ -86,9 +109,9 @@ class ExpectedLeaves {
     wchar_t* take(WideView name) {
         if (expected_ == nullptr) return nullptr;
         wchar_t* const text = StringAccess::charactersOf(expected_->GetName());
-        const bool isIt = Names::isName(text, name);
+        const bool isIt = Names::isName(text, name) && isLasting(text);
         expected_ = isIt ? TreeAccess::next(*expected_) : nullptr;
-        return isIt ? shareOwnText(text) : nullptr;
+        return isIt ? text : nullptr;
     }
     void end() { expected_ = nullptr; }
     void note(std::size_t depth, const CLeaf& first) { first_[depth % kDepths] = &first; }
@@ -111,15 +134,20 @@ class TreeReader {
             return false;
         }
         node_ = &root_;
+        TreeAccess::begin(root_);
+        if (root_.NrOfChildren() != 0 || root_.NrOfLeaves() != 0) cannotPack();
         if (!readName()) return false;
         while (node_ != nullptr) {
-            const wchar_t* start = behindTabs(at_, marks_.from(at_));
-            skipSpace(start);
-            at_ = start;
+            const wchar_t* mark = marks_.from(at_);
+            at_ = indentation_.behind(at_, mark);
+            if (mayBeWhite(*at_)) {
+                skipSpace(at_);
+                if (at_ > mark) mark = marks_.from(at_);
+            }
             const bool isXml = node_->isSimpleXML();
             if (*at_ != (isXml ? L'<' : L'[')) {
-                if (!readLeaf(isXml)) return false;
-            } else if (isXml ? at_[1] == L'/' : startsWith(at_, kEndPrefix)) {
+                if (!(isXml || separator_ == L'<' ? readLeaf(isXml) : readLine(mark))) return false;
+            } else if (isXml ? at_[1] == L'/' : isAt(at_, kEndPrefix)) {
                 if (!readEnd(isXml ? 2 : kEndPrefix.size())) return false;
             } else if (!isXml && startsWith(at_, L"[/]")) {
                 // ODDITY(tree-short-end): closes the node whatever its name. Pinned by TreeText.Reads.
@@ -157,19 +185,17 @@ class TreeReader {
     }
 
     bool readLeaf(bool isXml) {
-        if (!isXml && separator_ != L'<') return readLine();
         LeafText text;
         const wchar_t* const first = at_;
         if (!readLeafText(at_, isXml ? L'<' : separator_, text)) return fail(TreeError::kEndInLeaf);
         if (at_ == first) ++at_;  // only where "<" separates in a bracketed node: its empty leaf must not come again
-        addLeaf(names_.get(between(text.name, text.nameEnd)), between(text.value, text.valueEnd));
+        addRareLeaf(names_.get(between(text.name, text.nameEnd)), between(text.value, text.valueEnd));
         return true;
     }
 
-    /// As readLeafText, by marks: a CR ends a name, and a value only in front of a LF.
-    bool readLine() {
+    /// As readLeafText, by marks, of which the first is known: a CR ends a name, and a value only in front of a LF.
+    bool readLine(const wchar_t* mark) {
         const wchar_t* const first = at_;
-        const wchar_t* const mark = marks_.from(first);
         wchar_t* name = *mark == separator_ && *mark != 0 ? expected_.take(between(first, mark)) : nullptr;
         if (name == nullptr) {
             const WideView line = between(first, mark);
@@ -178,11 +204,16 @@ class TreeReader {
             name = names_.get(line);
         }
         const wchar_t* const value = mark + 1;
-        const wchar_t* end = marks_.from(value);
-        while (*end != 0 && *end != L'\n')
-            end = marks_.from(end + 1);
-        at_ = *end != 0 ? end + 1 : end;
-        addLeaf(name, between(value, end - (end > value && *end != 0 && end[-1] == L'\r' ? 1 : 0)));
+        const wchar_t* end = marks_.following();
+        while (*end != L'\n' && *end != 0)
+            end = marks_.following();
+        at_ = end + 1;
+        if (*end == 0) {
+            at_ = end;
+        } else if (end[-1] == L'\r' && end > value) {
+            --end;
+        }
+        addLeaf(name, between(value, end));
         return true;
     }
 
@@ -193,14 +224,19 @@ class TreeReader {
         if (*end == 0) return fail(TreeError::kEndInLeaf);
         at_ += *at_ == L'\r' ? 1 : 0;
         at_ += *at_ == L'\n' ? 1 : 0;
-        addLeaf(names_.get(name), {});
+        addRareLeaf(names_.get(name), {});
         return true;
     }
 
-    void addLeaf(wchar_t* name, WideView value) {
-        const CLeaf* leaf = TreeAccess::newLeaf(pages_, *node_, name, value);
+    ORV_KERNEL_INLINE void addLeaf(wchar_t* name, WideView value) {
+        if (node_->NrOfChildren() != 0 || !isLasting(name) || !isForPage(value)) cannotPack();
+        const CLeaf* leaf = TreeAccess::newLeaf(pages_, *node_, name, value, marks_.seenFrom(value.data()));
+        const auto nameLength = static_cast<std::size_t>(leaf->GetName().GetLength());
+        TreeAccess::addLeafSize(*node_, nameLength + value.size());
         if (node_->NrOfLeaves() == 1) expected_.note(depth_, *leaf);
     }
+
+    void addRareLeaf(wchar_t* name, WideView value) { addLeaf(name, value); }
 
     bool readEnd(std::size_t prefix) {
         const wchar_t closing = node_->isSimpleXML() ? L'>' : L']';
@@ -225,18 +261,29 @@ class TreeReader {
         return true;
     }
 
-    static bool names(const CNode& node, const wchar_t* text, wchar_t closing) {
+    bool names(const CNode& node, const wchar_t* text, wchar_t closing) const {
         const WideView name = viewOf(node.GetName());
-        return startsWith(text, name) && text[name.size()] == closing;
+        return isAt(text, name) && text[name.size()] == closing;
+    }
+
+    bool isAt(const wchar_t* at, WideView text) const {
+        return marks_.seenFrom(at) >= text.size() ? equalUnits(at, text.data(), text.size()) : startsWith(at, text);
     }
 
     void close(CNode* node) {
-        for (; node_ != node; node_ = node_->GetParent())
-            --depth_;
-        --depth_;
-        node_ = node == &root_ ? nullptr : node->GetParent();
+        for (bool isDone = false; !isDone; --depth_) {
+            if (depth_ >= notPacked_) TreeAccess::pack(*node_, pages_);
+            notPacked_ = std::min(notPacked_, depth_);
+            isDone = node_ == node;
+            CNode* const parent = node_ == &root_ ? nullptr : node_->GetParent();
+            if (parent != nullptr) TreeAccess::addChildSize(*parent, TreeAccess::sizeOfPacked(*node_));
+            node_ = parent;
+        }
         expected_.end();
     }
+
+    /// None of the open nodes.
+    void cannotPack() { notPacked_ = depth_ + 1; }
 
     CNode& root_;
     CNode* node_ = nullptr;  // the innermost open one
@@ -247,7 +294,9 @@ class TreeReader {
     MemoryPages pages_;
     Names names_{pages_};
     ExpectedLeaves expected_;
-    std::size_t depth_ = 0;  // of node_, below the root
+    Indentation indentation_;
+    std::size_t depth_ = 0;      // of node_, below the root
+    std::size_t notPacked_ = 0;  // nodes at smaller depths cannot be packed any more
 };
 
 }  // namespace
@@ -321,7 +370,7 @@ std::size_t CLeaf::ReadFromMem(const wchar_t*& in, wchar_t separator) {
     orv::LeafText text;
     if (!orv::readLeafText(in, separator, text)) CExcRead::raise(orv::TreeError::kEndInLeaf);
     if (separator != L'<') SetName(orv::textOf(text.name, text.nameEnd));
-    value_ = orv::textOf(text.value, text.valueEnd);
+    writableValue() = orv::textOf(text.value, text.valueEnd);
     return static_cast<std::size_t>(in - first);
 }
 

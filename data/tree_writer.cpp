@@ -18,6 +18,7 @@ std::size_t lengthOf(const CString& text) { return static_cast<std::size_t>(text
 class Indent {
   public:
     explicit Indent(int level) : isIndented_(level >= 0), tabs_(static_cast<std::size_t>(std::max(level, 0))) {}
+    bool isIndented() const { return isIndented_; }
     std::size_t ofNode() const { return tabs_; }
     std::size_t ofLeaf() const { return isIndented_ ? tabs_ + 1 : 0; }
     void enter() { tabs_ = ofLeaf(); }
@@ -32,15 +33,25 @@ class Indent {
 bool isOneLine(const CNode& node) { return node.isSimpleXML() && node.NrOfChildren() == 0 && node.NrOfLeaves() == 1; }
 
 std::size_t leafSize(const CLeaf& leaf, std::size_t tabs) {
-    return tabs + 3 + lengthOf(leaf.GetName()) + lengthOf(leaf.GetRawData());
+    return tabs + orv::kLeafCharacters + lengthOf(leaf.GetName()) + lengthOf(leaf.GetRawData());
 }
 
+/// What stands before and behind the leaves and children; all of a node on one line.
+orv::TextSize frameSize(const CNode& node) {
+    const std::size_t names = 2 * lengthOf(node.GetName());
+    if (isOneLine(node)) return {names + lengthOf(orv::TreeAccess::firstLeaf(node)->GetRawData()) + 7, 1, 0};
+    return {names + (node.isSimpleXML() ? 9 : 13), 2, 0};
+}
+
+/// Without its children, unless it is packed.
 std::size_t ownSize(const CNode& node, const Indent& indent) {
-    const std::size_t name = lengthOf(node.GetName());
-    if (isOneLine(node)) {
-        return 2 * name + lengthOf(orv::TreeAccess::firstLeaf(node)->GetRawData()) + indent.ofNode() + 7;
+    if (orv::TreeAccess::isPacked(node)) {
+        const orv::TextSize all = orv::TreeAccess::sizeOfPacked(node);
+        return all.characters + (indent.isIndented() ? all.tabs + all.lines * indent.ofNode() : 0);
     }
-    std::size_t size = 2 * (name + indent.ofNode()) + (node.isSimpleXML() ? 9 : 13);
+    const orv::TextSize frame = frameSize(node);
+    std::size_t size = frame.characters + frame.lines * indent.ofNode();
+    if (isOneLine(node)) return size;
     for (const CLeaf& leaf : orv::leavesOf(node)) {
         orv::askAhead(leaf);
         size += leafSize(leaf, indent.ofLeaf());
@@ -140,8 +151,18 @@ std::size_t CNode::GetSizeOfBranch(int level) const {
         [&](const CNode& node) {
             size += ownSize(node, indent);
             indent.enter();
+            return !orv::TreeAccess::isPacked(node);
         },
         [&](const CNode&) { indent.leave(); });
+    return size;
+}
+
+orv::TextSize orv::TreeAccess::sizeOfPacked(const CNode& node) {
+    TextSize size = frameSize(node);
+    if (isOneLine(node)) return size;
+    size.characters += node.packedSize_.characters;
+    size.lines += node.packedSize_.lines + static_cast<std::size_t>(node.leaves_.count);
+    size.tabs += node.packedSize_.tabs + static_cast<std::size_t>(node.leaves_.count);
     return size;
 }
 

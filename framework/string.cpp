@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "framework/string_data.h"
+#include "framework/text_pages.h"
 #include "platform/code_pages.h"
 
 namespace {
@@ -49,7 +50,12 @@ CString::CString(wchar_t ch, int count) : CString() {
     setLength(count);
 }
 
-wchar_t* CString::copyLocked(const wchar_t* text) {
+// A reference to characters that have not been counted so far, or a copy of locked ones.
+wchar_t* CString::copyOfOwned(wchar_t* text) {
+    if (dataOf(text)->references.load(std::memory_order_relaxed) != orv::StringData::kLocked) {
+        orv::shareFromPage(*dataOf(text));
+        return text;
+    }
     CString copy(text, dataOf(text)->length);
     return std::exchange(copy.text_, empty());
 }
@@ -118,14 +124,14 @@ wchar_t* CString::GetBufferSetLength(int length) {
 
 void CString::ReleaseBuffer(int length) {
     if (length == -1) {
-        const wchar_t* nul = orv::WideTraits::find(text_, static_cast<std::size_t>(data()->capacity), 0);
-        length = nul == nullptr ? data()->capacity : static_cast<int>(nul - text_);
+        const wchar_t* nul = orv::WideTraits::find(text_, static_cast<std::size_t>(GetAllocLength()), 0);
+        length = nul == nullptr ? GetAllocLength() : static_cast<int>(nul - text_);
     }
     ReleaseBufferSetLength(length);
 }
 
 void CString::ReleaseBufferSetLength(int length) {
-    if (length < 0 || length > data()->capacity) orv::throwInvalidArgument();
+    if (length < 0 || length > GetAllocLength()) orv::throwInvalidArgument();
     if (isShared()) {  // nobody had asked for the buffer
         Truncate(length);
     } else {

@@ -51,7 +51,7 @@ wchar_t* allocateText(int capacity) {
 
 void freeText(wchar_t* text) noexcept {
     StringData* data = reinterpret_cast<StringData*>(text) - 1;
-    if (data->capacity < 0) return releasePieces(pageOf(*data), 1);
+    if (data->capacity < 0) return releaseFromPage(*data);
     const std::size_t bytes = bytesFor(data->capacity);
     if (bytes >= kLargeBlock) {
         freeLarge(data, bytes);

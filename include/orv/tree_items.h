@@ -97,7 +97,7 @@ class ORV_API CTreeItem {
     static void operator delete(void* item) noexcept;
 
     const CString& GetName() const { return name_; }
-    void SetName(const CString& name) { name_ = name; }
+    void SetName(const CString& name);
     /// Null for one that stands in none.
     CNode* GetParent() const { return parent_; }
 
@@ -118,6 +118,11 @@ class ORV_API CTreeItem {
 
   private:
     friend struct orv::TreeAccess;
+    friend class CLeaf;
+    friend class CNode;
+
+    /// Before anything of the item changes.
+    void willChange() const;
 
     CString name_;
     CTreeItem* previous_ = nullptr;
@@ -145,7 +150,7 @@ class ORV_API CLeaf : public CTreeItem {
 
     // ---- The value as it is stored ----
     const CString& GetRawData() const { return value_; }
-    void SetRawData(const CString& rawValue) { value_ = rawValue; }
+    void SetRawData(const CString& rawValue) { writableValue() = rawValue; }
 
     // ---- One field ----
     /// Whether the field is there and not empty; else `out` is "". Numbers below 1 name no field here.
@@ -195,6 +200,11 @@ class ORV_API CLeaf : public CTreeItem {
 
     CLeaf(orv::AdoptedText name, orv::AdoptedText rawValue) noexcept : CTreeItem(name), value_(rawValue) {}
 
+    CString& writableValue() {
+        willChange();
+        return value_;
+    }
+
     CString value_;
 };
 
@@ -230,6 +240,13 @@ class ItemRange {
     Item* first_;
 };
 
+/// What text takes, apart from the level at which it stands.
+struct TextSize {
+    std::size_t characters = 0;  // but for the TABs that indent it
+    std::size_t lines = 0;       // that are indented
+    std::size_t tabs = 0;        // at level 0; one more a line for each level below
+};
+
 /// The ends of a chain of items and how many it has.
 struct ItemChain {
     CTreeItem* first = nullptr;
@@ -258,7 +275,10 @@ class ORV_API CNode : public CTreeItem {
     void Dump(int level) const override;
 
     /// Whether this node (not its children) is written in the XML-like form. Reading sets it by what was read.
-    void setSimpleXML(bool isSimpleXml) { isSimpleXml_ = isSimpleXml; }
+    void setSimpleXML(bool isSimpleXml) {
+        willChange();
+        isSimpleXml_ = isSimpleXml;
+    }
     bool isSimpleXML() const { return isSimpleXml_; }
 
     // ---- Text and files ----
@@ -393,6 +413,8 @@ class ORV_API CNode : public CTreeItem {
     orv::ItemChain leaves_;
     mutable POSITION childCursor_ = nullptr;
     mutable POSITION leafCursor_ = nullptr;
+    const char* packedEnd_ = nullptr;  // see TreeAccess::isPacked
+    orv::TextSize packedSize_;         // of the leaves and children, but for the leaves' lines and TABs
     bool isSimpleXml_ = false;
 };
 
@@ -418,8 +440,17 @@ struct TreeAccess {
     static void append(CNode& node, CLeaf& leaf) { link(node, node.leaves_, leaf, node.leaves_.last); }
     static void setName(CTreeItem& item, wchar_t* name);
     // In tree_memory.h:
+    /// Whether all that a node holds, at every depth, is as the reader made it: plain items and texts that lie in
+    /// memory in one run, from the first item to `packedEnd_`, with nothing else between them.
+    static bool isPacked(const CNode& node) { return node.packedEnd_ != nullptr; }
+    static void pack(CNode& node, const MemoryPages& pages);
+    static void begin(CNode& node);
+    static void addLeafSize(CNode& node, std::size_t nameAndValue);
+    static void addChildSize(CNode& node, TextSize child);
+    static TextSize sizeOfPacked(const CNode& node);
+    static void unpack(CNode* node);
     static CLeaf* newLeaf(MemoryPages& pages, CNode& node, wchar_t* name, wchar_t* value);
-    static CLeaf* newLeaf(MemoryPages& pages, CNode& node, wchar_t* name, WideView value);
+    static CLeaf* newLeaf(MemoryPages& pages, CNode& node, wchar_t* name, WideView value, std::size_t readable);
     static CNode* newChild(MemoryPages& pages, CNode& node, wchar_t* name);
     static void appendNew(CNode& node, ItemChain& chain, CTreeItem& item);
     static void destroyChildren(CNode& node);

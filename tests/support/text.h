@@ -20,3 +20,4 @@ inline CString asText(CString text) { return text; }
 
 /// EXPECT_TEXT(L"expected", actual)
 #define EXPECT_TEXT(expected, actual) EXPECT_EQ(asText(expected), asText(actual))
+#define ASSERT_TEXT(expected, actual) ASSERT_EQ(asText(expected), asText(actual))

@@ -26,6 +26,7 @@ namespace orv {
 struct StringData {
     static constexpr std::int32_t kImmortal = 0;  // shared without counting, never freed; the empty string, for one
     static constexpr std::int32_t kLocked = -1;   // owned by one CString and not to be shared
+    static constexpr std::int32_t kAlone = -2;    // in a page, one CString's so far: see text_pages.h
 
     std::atomic<std::int32_t> references;
     std::int32_t length;
@@ -58,8 +59,8 @@ class ORV_API CString {
         const std::int32_t references = data()->references.load(std::memory_order_relaxed);
         if (references > 0) {
             data()->references.fetch_add(1, std::memory_order_relaxed);
-        } else if (references == orv::StringData::kLocked) {
-            text_ = copyLocked(other.text_);
+        } else if (references != orv::StringData::kImmortal) {
+            text_ = copyOfOwned(other.text_);
         }
     }
     explicit CString(orv::AdoptedText adopted) noexcept : text_(adopted.text) {}
@@ -233,7 +234,7 @@ class ORV_API CString {
     friend struct orv::StringAccess;
 
     static wchar_t* empty() noexcept { return const_cast<wchar_t*>(orv::emptyString()); }
-    static wchar_t* copyLocked(const wchar_t* text);
+    static wchar_t* copyOfOwned(wchar_t* text);
     static void release(wchar_t* text) noexcept {
         const std::int32_t references = dataOf(text)->references.load(std::memory_order_acquire);
         if (references == orv::StringData::kImmortal) return;
@@ -247,9 +248,10 @@ class ORV_API CString {
         return reinterpret_cast<orv::StringData*>(const_cast<wchar_t*>(text)) - 1;
     }
     orv::StringData* data() const noexcept { return dataOf(text_); }
+    /// Whether the characters are not to be written: others see them, or they are in a page.
     bool isShared() const noexcept {
         const std::int32_t references = data()->references.load(std::memory_order_acquire);
-        return references > 1 || references == orv::StringData::kImmortal;
+        return references > 1 || references == orv::StringData::kImmortal || data()->capacity < 0;
     }
     bool holds(const wchar_t* text) const noexcept;
     void swap(CString& other) noexcept { std::swap(text_, other.text_); }
