@@ -3,6 +3,8 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
 #include <map>
 #include <memory>
 #include <random>
@@ -181,6 +183,54 @@ void findOrv(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations());
 }
 
+// The file's bytes to the tree, decoding them included.
+void loadOrv(benchmark::State& state) {
+    const std::filesystem::path path = std::filesystem::temp_directory_path() / "orv_bench_tree.txt";
+    std::ofstream(path, std::ios::binary) << "\xEF\xBB\xBF" << texts(state.range(0)).bracketed;
+    const CFilePath name(CString(path.c_str()));
+    run(
+        state, [] { return std::unique_ptr<CNode>(); },
+        [&](std::unique_ptr<CNode>& root) {
+            root.reset(CNode::ReadFromFile(name, false, L':', nullptr, nullptr, 0));
+            if (root == nullptr) state.SkipWithError("no tree");
+        });
+    std::filesystem::remove(path);
+}
+
+// ---- The bracketed nodes ----
+
+using Nodes = std::unique_ptr<CProNodeBase>;
+
+Nodes nodesParsed(std::int64_t mebibytes) { return Nodes(CProNodeBase::ReadFromString(wideText(mebibytes), 0, false)); }
+
+void parseNodes(benchmark::State& state) {
+    wideText(state.range(0));
+    run(
+        state, [] { return Nodes(); }, [&](Nodes& root) { root = nodesParsed(state.range(0)); });
+}
+
+void writeNodes(benchmark::State& state) {
+    const Nodes root = nodesParsed(state.range(0));
+    run(
+        state, [] { return std::unique_ptr<wchar_t[]>(); },
+        [&](std::unique_ptr<wchar_t[]>& text) {
+            wchar_t* out = nullptr;
+            root->WriteToString(out, false, true);
+            text.reset(out);
+        });
+}
+
+void copyNodes(benchmark::State& state) {
+    const Nodes root = nodesParsed(state.range(0));
+    run(
+        state, [] { return Nodes(); }, [&](Nodes& copy) { copy = std::make_unique<CProNodeBase>(*root); });
+}
+
+void destroyNodes(benchmark::State& state) {
+    run(
+        state, [&] { return nodesParsed(state.range(0)); }, [](Nodes& root) { root = nullptr; });
+}
+
 // ---- Peers ----
 
 #if defined(ORV_PEER_PUGIXML)
@@ -204,6 +254,15 @@ void parsePugi(benchmark::State& state) {
         [&](PugiDocument& document) {
             document->load_buffer_inplace(text.data(), text.size(), pugi::parse_minimal, pugi::encoding_utf8);
         });
+}
+
+void loadPugi(benchmark::State& state) {
+    const std::filesystem::path path = std::filesystem::temp_directory_path() / "orv_bench_tree.xml";
+    std::ofstream(path, std::ios::binary) << texts(state.range(0)).xml;
+    run(
+        state, [] { return std::make_unique<pugi::xml_document>(); },
+        [&](PugiDocument& document) { document->load_file(path.c_str(), pugi::parse_minimal, pugi::encoding_utf8); });
+    std::filesystem::remove(path);
 }
 
 void writePugi(benchmark::State& state) {
@@ -323,9 +382,15 @@ void addAll() {
     add("destroy", "orv", destroyOrv);
     add("destroy-part", "orv", destroyPartOrv);
     add("find", "orv", findOrv, false);
+    add("load", "orv", loadOrv);
+    add("parse", "orv-nodes", parseNodes);
+    add("write", "orv-nodes", writeNodes);
+    add("copy", "orv-nodes", copyNodes);
+    add("destroy", "orv-nodes", destroyNodes);
 #if defined(ORV_PEER_PUGIXML)
     add("parse", "pugixml", parsePugi);
     add("write", "pugixml", writePugi);
+    add("load", "pugixml", loadPugi);
     add("copy", "pugixml", copyPugi);
     add("destroy", "pugixml", destroyPugi);
     add("destroy-part", "pugixml", destroyPartPugi);
