@@ -20,9 +20,10 @@ struct Found {
     std::uint64_t nuls;  // in the last block
 };
 
-ORV_READS_WHOLE_BLOCKS void findSse2(const wchar_t* block, wchar_t separator, Found& found) {
+ORV_READS_WHOLE_BLOCKS void findSse2(const wchar_t* block, wchar_t separator, wchar_t other, Found& found) {
     const __m128i nul = _mm_setzero_si128(), lf = _mm_set1_epi16(L'\n'),
-                  wanted = _mm_set1_epi16(static_cast<short>(separator));
+                  wanted = _mm_set1_epi16(static_cast<short>(separator)),
+                  third = _mm_set1_epi16(static_cast<short>(other));
     found.nuls = 0;
     for (found.blocks = 0; found.blocks < LineMarks::kBlocks && found.nuls == 0; block += LineMarks::kBlock) {
         std::uint64_t all = 0;
@@ -31,7 +32,8 @@ ORV_READS_WHOLE_BLOCKS void findSse2(const wchar_t* block, wchar_t separator, Fo
             for (unsigned half = 0; half < 2; ++half) {
                 const __m128i units = _mm_load_si128(reinterpret_cast<const __m128i*>(block) + part * 2 + half);
                 nuls[half] = _mm_cmpeq_epi16(units, nul);
-                marks[half] = _mm_or_si128(_mm_cmpeq_epi16(units, lf), _mm_cmpeq_epi16(units, wanted));
+                marks[half] = _mm_or_si128(_mm_cmpeq_epi16(units, third),
+                                           _mm_or_si128(_mm_cmpeq_epi16(units, lf), _mm_cmpeq_epi16(units, wanted)));
             }
             all |= std::uint64_t{detail::maskOf(_mm_packs_epi16(marks[0], marks[1]))} << part * 16;
             found.nuls |= std::uint64_t{detail::maskOf(_mm_packs_epi16(nuls[0], nuls[1]))} << part * 16;
@@ -40,13 +42,17 @@ ORV_READS_WHOLE_BLOCKS void findSse2(const wchar_t* block, wchar_t separator, Fo
     }
 }
 
-ORV_READS_WHOLE_BLOCKS ORV_TARGET_AVX512 void findAvx512(const wchar_t* block, wchar_t separator, Found& found) {
-    const __m512i lf = _mm512_set1_epi16(L'\n'), wanted = _mm512_set1_epi16(static_cast<short>(separator));
+ORV_READS_WHOLE_BLOCKS ORV_TARGET_AVX512 void findAvx512(const wchar_t* block, wchar_t separator, wchar_t other,
+                                                         Found& found) {
+    const __m512i lf = _mm512_set1_epi16(L'\n'), wanted = _mm512_set1_epi16(static_cast<short>(separator)),
+                  third = _mm512_set1_epi16(static_cast<short>(other));
     found.nuls = 0;
     for (found.blocks = 0; found.blocks < LineMarks::kBlocks && found.nuls == 0; block += LineMarks::kBlock) {
         const __m512i low = _mm512_loadu_si512(block), high = _mm512_loadu_si512(block + LineMarks::kBlock / 2);
-        const std::uint64_t lowMarks = _mm512_cmpeq_epi16_mask(low, lf) | _mm512_cmpeq_epi16_mask(low, wanted);
-        const std::uint64_t highMarks = _mm512_cmpeq_epi16_mask(high, lf) | _mm512_cmpeq_epi16_mask(high, wanted);
+        const std::uint64_t lowMarks = _mm512_cmpeq_epi16_mask(low, lf) | _mm512_cmpeq_epi16_mask(low, wanted) |
+                                       _mm512_cmpeq_epi16_mask(low, third);
+        const std::uint64_t highMarks = _mm512_cmpeq_epi16_mask(high, lf) | _mm512_cmpeq_epi16_mask(high, wanted) |
+                                        _mm512_cmpeq_epi16_mask(high, third);
         const std::uint64_t lowNuls = _mm512_testn_epi16_mask(low, low), highNuls = _mm512_testn_epi16_mask(high, high);
         found.nuls = lowNuls | highNuls << 32;
         found.marks[found.blocks++] = lowMarks | highMarks << 32;
@@ -87,7 +93,7 @@ void LineMarks::fill() {
         const auto address = reinterpret_cast<std::uintptr_t>(block_);
         const std::uintptr_t before = address % kBlockBytes / sizeof(wchar_t);
         const wchar_t* const start = block_ - before;
-        (isWide ? findAvx512 : findSse2)(start, separator_, found);
+        (isWide ? findAvx512 : findSse2)(start, separator_, other_, found);
         const std::uint64_t here = ~std::uint64_t{0} << before;
         found.marks[0] &= here;
         if (found.blocks == 1) found.nuls &= here;

@@ -2,7 +2,8 @@
 #include <memory>
 #include <vector>
 
-#include "orv/node_format.h"
+#include "data/batches.h"
+#include "data/node_memory.h"
 
 namespace {
 
@@ -114,62 +115,39 @@ Entry* findNext(const EntryList<Entry>& list, const wchar_t* name, const Entry* 
 
 }  // namespace
 
-// Children are destroyed without a stack: while a node is being emptied the first place of its list, whose own entry
-// has been taken out, names its parent.
-CProNodeBase::~CProNodeBase() {
-    CProNodeBase* node = this;
-    CProNodeBase* next = children.IsEmpty() ? nullptr : children.GetHead();
-    if (!children.IsEmpty()) children.SetAt(children.GetHeadPosition(), nullptr);
-    for (;;) {
-        if (next != nullptr) {
-            if (next->children.IsEmpty()) {
-                delete next;
-                next = nullptr;
-            } else {
-                CProNodeBase* first = next->children.GetHead();
-                next->children.SetAt(next->children.GetHeadPosition(), node);
-                node = next;
-                next = first;
-                continue;
-            }
-        }
-        if (node->children.GetCount() > 1) {
-            next = node->children.RemoveTail();
-        } else if (node == this) {
-            break;
-        } else {
-            CProNodeBase* parent = node->children.RemoveHead();
-            delete node;
-            node = parent;
-        }
-    }
-    for (POSITION at = attributes.GetHeadPosition(); at != nullptr;)
-        delete attributes.GetNext(at);
-}
+CProNodeBase::~CProNodeBase() { orv::destroyContents(*this); }
 
 CProNodeBase& CProNodeBase::operator=(const CProNodeBase& other) {
     if (this == &other) return *this;
-    struct Pair {
+    struct Step {
         const CProNodeBase* from;
         CProNodeBase* to;
+        POSITION child;
     };
     CProNodeBase copy;  // first all of it: `other` may be above or below this node
-    std::vector<Pair> pending{{&other, &copy}};
-    while (!pending.empty()) {
-        const Pair pair = pending.back();
-        pending.pop_back();
-        pair.to->name = pair.from->name;
-        for (POSITION at = pair.from->attributes.GetHeadPosition(); at != nullptr;) {
-            const CProAttBase* attribute = pair.from->attributes.GetNext(at);
-            if (attribute != nullptr) addTail(pair.to->attributes, std::make_unique<CProAttBase>(*attribute));
+    orv::MemoryPages pages;
+    orv::SharedTexts texts;
+    std::vector<Step> path;
+    const auto enter = [&](const CProNodeBase& from, CProNodeBase& to) {
+        for (POSITION at = from.attributes.GetHeadPosition(); at != nullptr;) {
+            const CProAttBase* attribute = from.attributes.GetNext(at);
+            if (attribute == nullptr) continue;
+            orv::askAhead(attribute);
+            wchar_t* const attributeName = texts.share(attribute->name);
+            orv::addNewAttribute(pages, to, attributeName, texts.share(attribute->value));
         }
-        for (POSITION at = pair.from->children.GetHeadPosition(); at != nullptr;) {
-            const CProNodeBase* child = pair.from->children.GetNext(at);
-            if (child == nullptr) continue;
-            pending.push_back({child, addTail(pair.to->children, std::make_unique<CProNodeBase>())});
+        path.push_back({&from, &to, from.children.GetHeadPosition()});
+    };
+    enter(other, copy);
+    while (!path.empty()) {
+        Step& step = path.back();
+        if (step.child == nullptr) {
+            path.pop_back();
+        } else if (const CProNodeBase* child = step.from->children.GetNext(step.child); child != nullptr) {
+            enter(*child, orv::addNewChild(pages, *step.to, texts.share(child->name)));
         }
     }
-    name = copy.name;
+    name = other.name;
     // ODDITY(node-assignment-appends): what this node had stays, and the copies follow it. Pinned by Nodes.Assignment.
     while (!copy.children.IsEmpty()) {
         children.AddTail(copy.children.GetHead());

@@ -147,9 +147,10 @@ void CProAttBase::intl_getSubString(CString& field) {
         nextField += same;
     }
     field = readPlainField();
-    for (; !isCall.empty(); isCall.pop_back()) {
+    constexpr int kMostTranslations = 100;  // of one field; further marks around it only take their ")"
+    for (int i = 0; !isCall.empty(); isCall.pop_back(), ++i) {
         if (isCall.back()) field.Truncate(field.GetLength() > 0 ? field.GetLength() - 1 : 0);
-        field = orv::translate(field);
+        if (i < kMostTranslations) field = orv::translate(field);
     }
 }
 

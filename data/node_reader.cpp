@@ -1,5 +1,9 @@
 #include <vector>
 
+#include "data/indentation.h"
+#include "data/line_marks.h"
+#include "data/names.h"
+#include "data/node_memory.h"
 #include "data/node_state.h"
 #include "orv/messages.h"
 #include "orv/wide.h"
@@ -13,14 +17,7 @@ constexpr WideView kEndPrefix = L"[ENDE_";
 
 bool isLineEnd(wchar_t ch) { return ch == L'\r' || ch == L'\n'; }
 
-CString textOf(const wchar_t* begin, const wchar_t* end) { return {begin, static_cast<int>(end - begin)}; }
-
-bool startsWith(const wchar_t* text, WideView prefix) {
-    for (const wchar_t ch : prefix) {
-        if (*text == 0 || *text++ != ch) return false;
-    }
-    return true;
-}
+WideView between(const wchar_t* begin, const wchar_t* end) { return {begin, static_cast<std::size_t>(end - begin)}; }
 
 /// Reads one node with all that is in it. Report is called as report(error, line, column, open nodes).
 template <class Report>
@@ -31,7 +28,8 @@ class Reader {
           lineStart_(at_),
           line_(line),
           separator_(orv::nodeSeparator()),
-          report_(report) {}
+          report_(report),
+          marks_(at_, separator_, L'\r') {}
 
     const wchar_t* read(CProNodeBase& root) {
         while (*at_ != L'[') {
@@ -40,15 +38,18 @@ class Reader {
         }
         if (!begin(root)) return nullptr;
         while (!open_.empty()) {
+            if (at_[0] == L'\r' && at_[1] == L'\n') skipCharacter();
+            const wchar_t* const mark = marks_.from(at_);
+            at_ = indentation_.behind(at_, mark);
             while (*at_ < 0x20) {
                 if (*at_ == 0) return fail(NodeError::kUnexpectedEnd);
                 skipCharacter();
             }
             if (*at_ != L'[') {
-                readAttribute(*open_.back());
-            } else if (startsWith(at_, kEndPrefix)) {
+                readAttribute(*open_.back(), mark >= at_ ? mark : marks_.from(at_));
+            } else if (marks_.isAt(at_, kEndPrefix)) {
                 readEnd();
-            } else if (!begin(*open_.back()->AddChild(CString()))) {
+            } else if (!begin(orv::addNewChild(pages_, *open_.back(), const_cast<wchar_t*>(orv::emptyString())))) {
                 return nullptr;
             }
         }
@@ -75,7 +76,7 @@ class Reader {
         const wchar_t* first = ++at_;
         while (*at_ != L']' && *at_ >= 0x21)
             ++at_;
-        node.name = textOf(first, at_);
+        node.name = CString(orv::StringAccess::adopt(names_.get(between(first, at_))));
         if (*at_ < 0x20) {
             fail(NodeError::kNoEndingBracket);
             return false;
@@ -87,20 +88,20 @@ class Reader {
         return true;
     }
 
-    void readAttribute(CProNodeBase& node) {
+    void readAttribute(CProNodeBase& node, const wchar_t* mark) {
         // ODDITY(node-empty-attribute): a line without a separator is kept as an attribute without name and value.
         // Pinned by Nodes.Reads.
-        CProAttBase* attribute = node.AddAttr(CString(), CString());
-        const wchar_t* first = at_;
-        while (*at_ != separator_ || *at_ == 0) {
-            if (*at_ == 0 || isLineEnd(*at_)) return;
-            ++at_;
+        if (*mark != separator_ || *mark == 0) {
+            orv::addNewAttribute(pages_, node, const_cast<wchar_t*>(orv::emptyString()), {}, 0);
+            at_ = mark;
+            return;
         }
-        attribute->name = textOf(first, at_);
-        const wchar_t* value = ++at_;
-        while (*at_ != 0 && !isLineEnd(*at_))
-            ++at_;
-        attribute->value = textOf(value, at_);
+        const wchar_t* const value = mark + 1;
+        const wchar_t* end = marks_.following();
+        while (*end != 0 && !isLineEnd(*end))
+            end = marks_.following();
+        orv::addNewAttribute(pages_, node, names_.get(between(at_, mark)), between(value, end), marks_.seenFrom(value));
+        at_ = end;
     }
 
     /// At "[ENDE_": closes the innermost node, whatever the marker names.
@@ -108,12 +109,16 @@ class Reader {
         const CString& name = open_.back()->name;
         const auto length = static_cast<std::size_t>(name.GetLength());
         const wchar_t* rest = at_ + kEndPrefix.size();
-        const bool isRight = startsWith(rest, {name.GetString(), length}) && rest[length] == L']';
+        const bool isRight = marks_.isAt(rest, {name.GetString(), length}) && rest[length] == L']';
         // ODDITY(node-wrong-end): a wrong marker is reported and closes the node all the same; reading goes on behind
         // as many characters as the right one has. Pinned by Nodes.ErrorsTellLines.
-        if (!isRight) fail(NodeError::kWrongEndingNode);
-        for (std::size_t left = kEndPrefix.size() + length + 1; left > 0 && *at_ != 0; --left)
-            ++at_;
+        if (isRight) {
+            at_ = rest + length + 1;
+        } else {
+            fail(NodeError::kWrongEndingNode);
+            for (std::size_t left = kEndPrefix.size() + length + 1; left > 0 && *at_ != 0; --left)
+                ++at_;
+        }
         open_.pop_back();
     }
 
@@ -122,6 +127,10 @@ class Reader {
     int line_;
     wchar_t separator_;
     Report report_;
+    orv::LineMarks marks_;
+    orv::Indentation indentation_;
+    orv::MemoryPages pages_;
+    orv::Names names_{pages_};
     std::vector<CProNodeBase*> open_;
 };
 

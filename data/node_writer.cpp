@@ -1,9 +1,10 @@
 #include <algorithm>
-#include <cstring>
 #include <new>
 #include <vector>
 
+#include "data/item_memory.h"
 #include "data/node_state.h"
+#include "framework/vector.h"
 #include "orv/wide.h"
 #include "text/views.h"
 
@@ -53,7 +54,7 @@ class Writer {
             *out_++ = L'\t';
     }
     void put(WideView text) {
-        std::memcpy(out_, text.data(), text.size() * sizeof(wchar_t));
+        orv::copyUnits(out_, text.data(), text.size());
         out_ += text.size();
     }
     void put(wchar_t ch) { *out_++ = ch; }
@@ -79,6 +80,7 @@ std::size_t CProNodeBase::getSize(int level) const {
             for (POSITION next = node.attributes.GetHeadPosition(); next != nullptr;) {
                 const CProAttBase* attribute = node.attributes.GetNext(next);
                 if (attribute == nullptr) continue;
+                orv::askAhead(attribute);
                 size += viewOf(attribute->name).size() + viewOf(attribute->value).size() + 3 + lineTabs;
             }
         },
@@ -99,6 +101,7 @@ wchar_t* CProNodeBase::WriteToMem(wchar_t* buffer, int level) const {
             for (POSITION next = node.attributes.GetHeadPosition(); next != nullptr;) {
                 const CProAttBase* attribute = node.attributes.GetNext(next);
                 if (attribute == nullptr) continue;
+                orv::askAhead(attribute);
                 out.tabs(at + 1);
                 out.put(viewOf(attribute->name));
                 out.put(separator);

@@ -1,6 +1,7 @@
 // How items hang together: linking, copying and destroying whole branches.
 #include <utility>
 
+#include "data/batches.h"
 #include "data/tree_memory.h"
 
 namespace orv {
@@ -46,7 +47,7 @@ void TreeAccess::copyContents(CNode& to, const CNode& from) {
             if (&node != &from) copy = newChild(pages, *copy, texts.share(node.name_));
             copy->isSimpleXml_ = node.isSimpleXml_;
             for (const CLeaf& leaf : leavesOf(node)) {
-                askAhead(leaf);
+                askAhead(&leaf);
                 newLeaf(pages, *copy, texts.share(leaf.name_), texts.share(leaf.value_));
             }
         },

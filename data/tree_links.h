@@ -35,12 +35,6 @@ void TreeAccess::unlink(Item& item) {
     item.previous_ = item.next_ = nullptr;
 }
 
-/// What was read or copied lies in memory in the order of the text: asks for what is some leaves further on.
-inline void askAhead(const CTreeItem& item) {
-    constexpr std::size_t kAhead = 768;
-    __builtin_prefetch(reinterpret_cast<const char*>(&item) + kAhead);
-}
-
 /// Calls enter(node) before, leave(node) after each node's children, from `root` on, without recursion. Where enter()
 /// tells whether, the children are left out if it says no.
 template <class Node, class Enter, class Leave>

@@ -1,90 +1,10 @@
 #include "data/tree_memory.h"
 
-#include <array>
-#include <cstdlib>
 #include <typeinfo>
 
+#include "data/batches.h"
+
 namespace orv {
-namespace {
-
-constexpr std::size_t kBeforeHeapItem = 16;  // the place, and the alignment that malloc gives
-
-/// Collects what ends, so that pieces of one page and references to one text go in one operation.
-class Ending {
-  public:
-    Ending() = default;
-    Ending(const Ending&) = delete;
-    Ending& operator=(const Ending&) = delete;
-    ~Ending() {
-        for (const Shared& one : shared_)
-            flush(one);
-        releaseNow();
-    }
-
-    void piece(MemoryPage* page, std::size_t bytes) {
-        if (page != page_) {
-            releaseNow();
-            page_ = page;
-        }
-        bytes_ += bytes;
-    }
-    /// A value mostly has one reference.
-    void value(wchar_t* text) {
-        StringData& data = *StringAccess::dataOf(text);
-        const std::int32_t references = data.references.load(std::memory_order_acquire);
-        if (references == StringData::kImmortal) return;
-        if (references > 1) {
-            name(text);
-        } else if (data.capacity < 0) {
-            piece(pageOf(data), bytesInPage(data));
-        } else {
-            const CString last(StringAccess::adopt(text));
-        }
-    }
-    /// A name lasts, or has thousands of them.
-    void name(wchar_t* text) {
-        const std::int32_t references = StringAccess::dataOf(text)->references.load(std::memory_order_relaxed);
-        if (references == StringData::kImmortal) return;
-        if (references < 0) {
-            const CString last(StringAccess::adopt(text));
-            return;
-        }
-        Shared& slot = shared_[reinterpret_cast<std::uintptr_t>(text) / 8 % shared_.size()];
-        if (slot.text != text) {
-            flush(slot);
-            slot = {text, 0};
-        }
-        ++slot.count;
-    }
-
-  private:
-    struct Shared {
-        wchar_t* text = nullptr;
-        std::int32_t count = 0;
-    };
-    void releaseNow() {
-        if (bytes_ != 0) releaseBytes(page_, bytes_);
-        bytes_ = 0;
-    }
-    void flush(const Shared& one) {
-        if (one.count == 0) return;
-        StringData& data = *StringAccess::dataOf(one.text);
-        if (data.references.fetch_sub(one.count, std::memory_order_acq_rel) == one.count) {
-            if (data.capacity < 0) {
-                piece(pageOf(data), bytesInPage(data));
-            } else {
-                freeText(one.text);
-            }
-        }
-    }
-
-    MemoryPage* page_ = nullptr;
-    std::size_t bytes_ = 0;
-    std::array<Shared, 64> shared_;
-};
-
-}  // namespace
-
 /// Items in pages are plain ones, and end without their destructors; any other is deleted for itself.
 class TreeAccess::Destroyer {
   public:
@@ -105,7 +25,7 @@ class TreeAccess::Destroyer {
     void leavesOf(CNode& node) {
         for (CTreeItem* item = node.leaves_.first; item != nullptr;) {
             CTreeItem* const next = item->next_;
-            askAhead(*item);
+            askAhead(item);
             if (typeid(*item) == typeid(CLeaf) && ItemPlace::of(item)->offset != 0) {
                 ending_.value(StringAccess::charactersOf(static_cast<CLeaf*>(item)->value_));
                 end(*item);
@@ -177,20 +97,6 @@ void TreeAccess::destroyContents(CNode& node) {
 
 }  // namespace orv
 
-void* CTreeItem::operator new(std::size_t size) {
-    auto* block = static_cast<char*>(std::malloc(size + orv::kBeforeHeapItem));
-    if (block == nullptr) throw std::bad_alloc();
-    char* const item = block + orv::kBeforeHeapItem;
-    ::new (orv::ItemPlace::of(item)) orv::ItemPlace{0, 0};
-    return item;
-}
+void* CTreeItem::operator new(std::size_t size) { return orv::newHeapItem(size); }
 
-void CTreeItem::operator delete(void* item) noexcept {
-    if (item == nullptr) return;
-    orv::ItemPlace* const place = orv::ItemPlace::of(item);
-    if (place->offset != 0) {
-        orv::releaseBytes(place->page(), place->bytes);
-    } else {
-        std::free(static_cast<char*>(item) - orv::kBeforeHeapItem);
-    }
-}
+void CTreeItem::operator delete(void* item) noexcept { orv::deleteItem(item); }

@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <array>
 
+#include "data/indentation.h"
 #include "data/line_marks.h"
-#include "data/name_table.h"
+#include "data/names.h"
 #include "data/tree_memory.h"
 #include "framework/characters.h"
 #include "framework/cpu.h"
@@ -17,13 +18,6 @@ constexpr WideView kEndPrefix = L"[ENDE_";
 constexpr int kMostLevelsSearched = 1000;
 
 CString textOf(const wchar_t* begin, const wchar_t* end) { return {begin, static_cast<int>(end - begin)}; }
-
-bool startsWith(const wchar_t* text, WideView prefix) {
-    for (const wchar_t ch : prefix) {
-        if (*text == 0 || *text++ != ch) return false;
-    }
-    return true;
-}
 
 /// Most characters need not be asked whether they are white space.
 bool mayBeWhite(wchar_t ch) {
@@ -45,82 +39,6 @@ void skipLineEnd(const wchar_t*& at) {
         ++at;
     }
 }
-
-/// The TABs before a line, mostly as many as before the last one: that is looked at first, so that what stands behind
-/// them need not wait until they are counted.
-class Indentation {
-  public:
-    /// The first place that is no TAB, or nearly at `end`.
-    const wchar_t* behind(const wchar_t* at, const wchar_t* end) {
-        constexpr std::ptrdiff_t kStep = 8;
-        while (end - at >= kStep) {
-            const unsigned found =
-                detail::maskOf(_mm_cmpeq_epi16(detail::load8(at), detail::eightTimes(L'\t')));  // two bits each
-            if ((found & (4 * before_ + 3)) == before_) return at + tabs_;
-            const std::size_t tabs = detail::firstUnitIn(~found | 1U << (2 * kStep));
-            at += tabs;
-            if (tabs == kStep) continue;
-            tabs_ = tabs;
-            before_ = (1U << 2 * tabs) - 1;
-            break;
-        }
-        return at;
-    }
-
-  private:
-    std::size_t tabs_ = 0;
-    unsigned before_ = 0;  // the bits of so many TABs
-};
-
-bool isLasting(const wchar_t* name) {
-    return StringAccess::dataOf(name)->references.load(std::memory_order_relaxed) == StringData::kImmortal;
-}
-
-/// The names of a text repeat: the same characters mostly become the same shared text.
-class Names {
-  public:
-    explicit Names(MemoryPages& pages) : pages_(pages) {}
-
-    wchar_t* get(WideView name) {
-        if (name.empty()) return const_cast<wchar_t*>(emptyString());
-        const std::size_t key = name.size() * 31U + name.front() * 7U + name.back() * 3U + name[name.size() / 2];
-        wchar_t*& kept = kept_[key % kept_.size()];
-        if (kept != nullptr && isName(kept, name)) return kept;
-        wchar_t* const found = lastingName(name);
-        if (found == nullptr) return makeText(pages_, name);
-        return kept = found;
-    }
-    static bool isName(const wchar_t* text, WideView name) {
-        return static_cast<std::size_t>(StringAccess::dataOf(text)->length) == name.size() &&
-               equalUnits(text, name.data(), name.size());
-    }
-
-  private:
-    MemoryPages& pages_;
-    std::array<wchar_t*, 64> kept_{};
-};
-
-/// Nodes of one level mostly have leaves of the same names, in the same order.
-class ExpectedLeaves {
-  public:
-    /// The first leaf of the last node at that depth.
-    void begin(std::size_t depth) { expected_ = first_[depth % kDepths]; }
-    /// The name of the leaf that comes next, if that is it; else null.
-    wchar_t* take(WideView name) {
-        if (expected_ == nullptr) return nullptr;
-        wchar_t* const text = StringAccess::charactersOf(expected_->GetName());
-        const bool isIt = Names::isName(text, name) && isLasting(text);
-        expected_ = isIt ? TreeAccess::next(*expected_) : nullptr;
-        return isIt ? text : nullptr;
-    }
-    void end() { expected_ = nullptr; }
-    void note(std::size_t depth, const CLeaf& first) { first_[depth % kDepths] = &first; }
-
-  private:
-    static constexpr std::size_t kDepths = 64;
-    std::array<const CLeaf*, kDepths> first_{};
-    const CLeaf* expected_ = nullptr;
-};
 
 class TreeReader {
   public:
@@ -147,9 +65,9 @@ class TreeReader {
             const bool isXml = node_->isSimpleXML();
             if (*at_ != (isXml ? L'<' : L'[')) {
                 if (!(isXml || separator_ == L'<' ? readLeaf(isXml) : readLine(mark))) return false;
-            } else if (isXml ? at_[1] == L'/' : isAt(at_, kEndPrefix)) {
+            } else if (isXml ? at_[1] == L'/' : marks_.isAt(at_, kEndPrefix)) {
                 if (!readEnd(isXml ? 2 : kEndPrefix.size())) return false;
-            } else if (!isXml && startsWith(at_, L"[/]")) {
+            } else if (!isXml && at_[1] == L'/' && at_[2] == L']') {
                 // ODDITY(tree-short-end): closes the node whatever its name. Pinned by TreeText.Reads.
                 at_ += 3;
                 skipLineEnd(at_);
@@ -180,7 +98,6 @@ class TreeReader {
         }
         TreeAccess::setName(*node_, names_.get({first, static_cast<std::size_t>(at_ - first)}));
         ++at_;
-        expected_.begin(depth_);
         return true;
     }
 
@@ -189,19 +106,20 @@ class TreeReader {
         const wchar_t* const first = at_;
         if (!readLeafText(at_, isXml ? L'<' : separator_, text)) return fail(TreeError::kEndInLeaf);
         if (at_ == first) ++at_;  // only where "<" separates in a bracketed node: its empty leaf must not come again
-        addRareLeaf(names_.get(between(text.name, text.nameEnd)), between(text.value, text.valueEnd));
+        addRareLeaf(between(text.name, text.nameEnd), between(text.value, text.valueEnd));
         return true;
     }
 
     /// As readLeafText, by marks, of which the first is known: a CR ends a name, and a value only in front of a LF.
     bool readLine(const wchar_t* mark) {
         const wchar_t* const first = at_;
-        wchar_t* name = *mark == separator_ && *mark != 0 ? expected_.take(between(first, mark)) : nullptr;
+        if (*mark != separator_ || *mark == 0)
+            return readBareName(first + findUnit(first, static_cast<std::size_t>(mark - first), L'\r'));
+        wchar_t* name = names_.expected(between(first, mark));
         if (name == nullptr) {
-            const WideView line = between(first, mark);
-            const std::size_t cr = findUnit(line.data(), line.size(), L'\r');
-            if (cr != line.size() || *mark != separator_ || *mark == 0) return readBareName(first + cr);
-            name = names_.get(line);
+            const std::size_t cr = findUnit(first, static_cast<std::size_t>(mark - first), L'\r');
+            if (first + cr != mark) return readBareName(first + cr);
+            name = nameOf(between(first, mark));
         }
         const wchar_t* const value = mark + 1;
         const wchar_t* end = marks_.following();
@@ -224,19 +142,25 @@ class TreeReader {
         if (*end == 0) return fail(TreeError::kEndInLeaf);
         at_ += *at_ == L'\r' ? 1 : 0;
         at_ += *at_ == L'\n' ? 1 : 0;
-        addRareLeaf(names_.get(name), {});
+        addRareLeaf(name, {});
         return true;
     }
 
     ORV_KERNEL_INLINE void addLeaf(wchar_t* name, WideView value) {
-        if (node_->NrOfChildren() != 0 || !isLasting(name) || !isForPage(value)) cannotPack();
+        if (node_->NrOfChildren() != 0 || !isForPage(value)) cannotPack();
         const CLeaf* leaf = TreeAccess::newLeaf(pages_, *node_, name, value, marks_.seenFrom(value.data()));
         const auto nameLength = static_cast<std::size_t>(leaf->GetName().GetLength());
         TreeAccess::addLeafSize(*node_, nameLength + value.size());
-        if (node_->NrOfLeaves() == 1) expected_.note(depth_, *leaf);
     }
 
-    void addRareLeaf(wchar_t* name, WideView value) { addLeaf(name, value); }
+    void addRareLeaf(WideView name, WideView value) { addLeaf(nameOf(name), value); }
+
+    wchar_t* nameOf(WideView name) {
+        wchar_t* const lasting = names_.lasting(name);
+        if (lasting != nullptr) return lasting;
+        cannotPack();
+        return makeText(pages_, name);
+    }
 
     bool readEnd(std::size_t prefix) {
         const wchar_t closing = node_->isSimpleXML() ? L'>' : L']';
@@ -263,11 +187,7 @@ class TreeReader {
 
     bool names(const CNode& node, const wchar_t* text, wchar_t closing) const {
         const WideView name = viewOf(node.GetName());
-        return isAt(text, name) && text[name.size()] == closing;
-    }
-
-    bool isAt(const wchar_t* at, WideView text) const {
-        return marks_.seenFrom(at) >= text.size() ? equalUnits(at, text.data(), text.size()) : startsWith(at, text);
+        return marks_.isAt(text, name) && text[name.size()] == closing;
     }
 
     void close(CNode* node) {
@@ -279,7 +199,6 @@ class TreeReader {
             if (parent != nullptr) TreeAccess::addChildSize(*parent, TreeAccess::sizeOfPacked(*node_));
             node_ = parent;
         }
-        expected_.end();
     }
 
     /// None of the open nodes.
@@ -293,7 +212,6 @@ class TreeReader {
     LineMarks marks_;
     MemoryPages pages_;
     Names names_{pages_};
-    ExpectedLeaves expected_;
     Indentation indentation_;
     std::size_t depth_ = 0;      // of node_, below the root
     std::size_t notPacked_ = 0;  // nodes at smaller depths cannot be packed any more

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "data/item_memory.h"
 #include "data/tree_links.h"
 #include "framework/vector.h"
 #include "orv/string_utilities.h"
@@ -53,7 +54,7 @@ std::size_t ownSize(const CNode& node, const Indent& indent) {
     std::size_t size = frame.characters + frame.lines * indent.ofNode();
     if (isOneLine(node)) return size;
     for (const CLeaf& leaf : orv::leavesOf(node)) {
-        orv::askAhead(leaf);
+        orv::askAhead(&leaf);
         size += leafSize(leaf, indent.ofLeaf());
     }
     return size;
@@ -77,7 +78,7 @@ class Writer {
         }
         put(L"\r\n");
         for (const CLeaf& one : orv::leavesOf(node)) {
-            orv::askAhead(one);
+            orv::askAhead(&one);
             leaf(one, indent.ofLeaf());
         }
     }

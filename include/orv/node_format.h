@@ -36,6 +36,9 @@ class ORV_API CProAttBase {
     CProAttBase() = default;
     CProAttBase(const CString& attributeName, const CString& attributeValue)
         : name(attributeName), value(attributeValue) {}
+    /// Those that the library makes by the thousand share pages of memory; a host's own are on the heap.
+    static void* operator new(std::size_t size);
+    static void operator delete(void* attribute) noexcept;
 
     // ---- Packing: each value is followed by the separator ----
     static void setSubStringReset();
@@ -83,6 +86,8 @@ class ORV_API CProNodeBase {
     CProNodeBase() = default;
     explicit CProNodeBase(const wchar_t* nodeName) : name(nodeName) {}
     CProNodeBase(const CProNodeBase& other) { *this = other; }
+    static void* operator new(std::size_t size);
+    static void operator delete(void* node) noexcept;
     ~CProNodeBase();
     /// Copies the name and appends deep copies of children and attributes to what this node has. `other` may be in this
     /// tree; itself changes nothing.

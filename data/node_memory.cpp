@@ -1,0 +1,115 @@
+#include "data/node_memory.h"
+
+#include "data/batches.h"
+
+namespace orv {
+namespace {
+
+void add(CProNodeBase& node, void* place, wchar_t* name, wchar_t* value) {
+    std::unique_ptr<CProAttBase> made(::new (place) CProAttBase);
+    made->name = CString(StringAccess::adopt(name));
+    made->value = CString(StringAccess::adopt(value));
+    node.attributes.AddTail(made.get());
+    made.release();
+}
+
+/// Children are destroyed without a stack: while a node is being emptied the first place of its list, whose own entry
+/// has been taken out, names its parent.
+class Destroyer {
+  public:
+    void contentsOf(CProNodeBase& root) {
+        CProNodeBase* node = &root;
+        CProNodeBase* next = root.children.IsEmpty() ? nullptr : root.children.GetHead();
+        if (next != nullptr) root.children.SetAt(root.children.GetHeadPosition(), nullptr);
+        for (;;) {
+            if (next != nullptr) {
+                if (next->children.IsEmpty()) {
+                    end(next);
+                    next = nullptr;
+                } else {
+                    CProNodeBase* first = next->children.GetHead();
+                    next->children.SetAt(next->children.GetHeadPosition(), node);
+                    node = next;
+                    next = first;
+                    continue;
+                }
+            }
+            if (node->children.GetCount() > 1) {
+                next = node->children.RemoveTail();
+            } else if (node == &root) {
+                break;
+            } else {
+                CProNodeBase* parent = node->children.RemoveHead();
+                end(node);
+                node = parent;
+            }
+        }
+        root.children.RemoveAll();
+        attributesOf(root);
+    }
+
+  private:
+    void end(CProNodeBase* node) {
+        attributesOf(*node);
+        delete node;
+    }
+    void attributesOf(CProNodeBase& node) {
+        for (POSITION at = node.attributes.GetHeadPosition(); at != nullptr;) {
+            CProAttBase* const attribute = node.attributes.GetNext(at);
+            if (attribute == nullptr) continue;
+            askAhead(attribute);
+            ItemPlace* const place = ItemPlace::of(attribute);
+            if (place->offset == 0) {
+                delete attribute;
+                continue;
+            }
+            ending_.value(StringAccess::release(attribute->value));
+            ending_.name(StringAccess::release(attribute->name));
+            ending_.piece(place->page(), place->bytes);
+        }
+        node.attributes.RemoveAll();
+    }
+
+    Ending ending_;
+};
+
+}  // namespace
+
+CProNodeBase& addNewChild(MemoryPages& pages, CProNodeBase& node, wchar_t* name) {
+    std::uint32_t offset = 0;
+    std::unique_ptr<CProNodeBase> made(::new (placeItem<CProNodeBase>(pages, offset)) CProNodeBase);
+    made->name = CString(StringAccess::adopt(name));
+    node.children.AddTail(made.get());
+    return *made.release();
+}
+
+void addNewAttribute(MemoryPages& pages, CProNodeBase& node, wchar_t* name, wchar_t* value) {
+    std::uint32_t offset = 0;
+    add(node, placeItem<CProAttBase>(pages, offset), name, value);
+}
+
+void addNewAttribute(MemoryPages& pages, CProNodeBase& node, wchar_t* name, WideView value, std::size_t readable) {
+    const std::size_t bytes = bytesOfText(value.size());
+    if (value.empty() || kPlacedBytes<CProAttBase> + bytes > MemoryPages::kLargestPiece) {
+        return addNewAttribute(pages, node, name, makeText(pages, value));
+    }
+    std::uint32_t offset = 0;
+    void* const place = placeItem<CProAttBase>(pages, offset, bytes);
+    char* const behind = static_cast<char*>(place) - sizeof(ItemPlace) + kPlacedBytes<CProAttBase>;
+    add(node, place, name,
+        writeText(behind, offset + static_cast<std::uint32_t>(kPlacedBytes<CProAttBase>), value, readable));
+}
+
+void destroyContents(CProNodeBase& node) {
+    if (!node.children.IsEmpty() || !node.attributes.IsEmpty()) Destroyer().contentsOf(node);
+}
+
+}  // namespace orv
+
+void* CProAttBase::operator new(std::size_t size) { return orv::newHeapItem(size); }
+
+void CProAttBase::operator delete(void* attribute) noexcept { orv::deleteItem(attribute); }
+
+void* CProNodeBase::operator new(std::size_t size) { return orv::newHeapItem(size); }
+
+void CProNodeBase::operator delete(void* node) noexcept { orv::deleteItem(node); }
