@@ -42,8 +42,8 @@ void collect(CNode& node, std::vector<CNode*>& nodes) {
 class Edit {
   public:
     explicit Edit(std::mt19937& random) {
-        for (unsigned& one : numbers_)
-            one = static_cast<unsigned>(random());
+        for (auto& one : numbers_)
+            one = random();
     }
     void apply(CNode& root, std::vector<CString>& kept) const {
         std::vector<CNode*> nodes;
@@ -88,9 +88,11 @@ class Edit {
                 other.ReadFromMem(text, L':');
                 return;
             }
-            case 11:
-                if (&other != &root) node = CNode(other);
+            case 11: {
+                const CNode copy(other);
+                if (&other != &root) node = copy;
                 return;
+            }
             case 12:
                 node.DeleteAllLeaves();
                 return;
@@ -106,7 +108,7 @@ class Edit {
     }
 
   private:
-    unsigned numbers_[4];
+    std::mt19937::result_type numbers_[4];
 };
 
 TEST(TreeMemory, EditsDoTheSameToWhatWasReadAsToItemsOnTheHeap) {
@@ -144,7 +146,9 @@ TEST(TreeMemory, TextsOutliveTheirTree) {
     Tree tree = read(text + L"[ENDE_P]");
     EXPECT_TEXT(L"name 5999", tree->GetChild(5999)->GetLeaf(0)->GetName());
     std::vector<CString> kept;
-    CNode(*tree).DeleteAllChildren();  // a copy shares the texts
+    {
+        const CNode copy(*tree);  // shares the texts
+    }
     eachLeaf(*tree, [&](const CLeaf& leaf) { kept.push_back(leaf.GetRawData()); });
     for (int i = 0; i < 3000; ++i)
         tree->DeleteChild(tree->GetChild(1));
