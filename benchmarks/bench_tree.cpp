@@ -2,17 +2,13 @@
 // Names: operation/MiB/who; times are those of one attribute (leaf).
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <map>
 #include <memory>
-#include <random>
 #include <string>
-#include <vector>
 
-#include "names.h"
 #include "orv/orv.h"
+#include "tree_data.h"
 #if defined(ORV_PEER_PUGIXML)
 #include <pugixml.hpp>
 #endif
@@ -24,93 +20,20 @@
 #if defined(ORV_PEER_TINYXML2)
 #include <tinyxml2.h>
 #endif
+#if defined(ORV_PEER_BOOST)
+#include <boost/property_tree/json_parser.hpp>
+#include <sstream>
+#endif
 
 namespace {
 
-// ---- The tree: project, buildings, floors, rooms, parts; eight attributes a node ----
+using bench::texts;
+using bench::wideText;
 
-struct Texts {
-    std::string bracketed, xml, json;
-    std::size_t attributes = 0;
-};
-
-class Generator {
-  public:
-    explicit Generator(int buildings) : buildings_(buildings) {}
-
-    Texts make() {
-        texts_.xml = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n";
-        node(0);
-        return std::move(texts_);
-    }
-
-  private:
-    static constexpr int kLevels = 5;
-
-    void node(int level) {
-        static constexpr const char* kNames[kLevels] = {"PROJEKT", "Gebaeude", "Geschoss", "Raum", "Bauteil"};
-        const std::string tabs(static_cast<std::size_t>(level), '\t');
-        texts_.bracketed += tabs + "[" + kNames[level] + "]\r\n";
-        texts_.xml += tabs + "<" + kNames[level];
-        texts_.json += tabs + "{\"n\":\"" + kNames[level] + "\",\"a\":{";
-        isFirst_ = true;
-        attribute(level, "Name", bench::name(random_));
-        attribute(level, "Bezeichnung", bench::name(random_).substr(0, 24));
-        attribute(level, "guid", formatted("%08x-%04x", random_(), random_() & 0xFFFFU));
-        attribute(level, "Laenge", formatted("%.2f", number()));
-        attribute(level, "Breite", formatted("%.2f", number()));
-        attribute(level, "Leistung",
-                  formatted("%d:%d", static_cast<int>(random_() % 5000), static_cast<int>(random_() % 100)));
-        attribute(level, "Temperatur", formatted("%.1f", number() / 50));
-        attribute(level, "Nummer", formatted("%d", static_cast<int>(random_() % 100000)));
-        const int children[kLevels] = {buildings_, 6, 20, 12, 0};
-        texts_.xml += children[level] != 0 ? ">\n" : "/>\n";
-        texts_.json += "},\"c\":[\n";
-        for (int i = 0; i < children[level]; ++i) {
-            if (i != 0) texts_.json += ",\n";
-            node(level + 1);
-        }
-        texts_.bracketed += tabs + "[ENDE_" + kNames[level] + "]\r\n";
-        if (children[level] != 0) texts_.xml += tabs + "</" + kNames[level] + ">\n";
-        texts_.json += "]}";
-    }
-    template <class... Values>
-    static std::string formatted(const char* format, Values... values) {
-        char text[64];
-        std::snprintf(text, sizeof text, format, values...);
-        return text;
-    }
-    double number() { return static_cast<double>(random_() % 100'000) / 100; }
-    void attribute(int level, const char* name, const std::string& value) {
-        texts_.bracketed += std::string(static_cast<std::size_t>(level) + 1, '\t') + name + ":" + value + "\r\n";
-        texts_.xml += std::string(" ") + name + "=\"" + value + "\"";
-        texts_.json += std::string(isFirst_ ? "" : ",") + "\"" + name + "\":\"" + value + "\"";
-        isFirst_ = false;
-        ++texts_.attributes;
-    }
-
-    int buildings_;
-    std::mt19937 random_{11};
-    bool isFirst_ = true;
-    Texts texts_;
-};
-
-const Texts& texts(std::int64_t mebibytes) {
-    static std::map<std::int64_t, Texts> all;
-    Texts& made = all[mebibytes];
-    if (made.attributes == 0) made = Generator(static_cast<int>(3 * mebibytes)).make();  // a building is 0.3 MiB
-    return made;
-}
-
-const CString& wideText(std::int64_t mebibytes) {
-    static std::map<std::int64_t, CString> all;
-    CString& made = all[mebibytes];
-    if (made.IsEmpty()) made = orvStdStrUtil::convertUtf8ToUnicode(texts(mebibytes).bracketed);
-    return made;
-}
+std::int64_t size = 0;  // MiB, of the case that runs
 
 void items(benchmark::State& state) {
-    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(texts(state.range(0)).attributes));
+    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(texts(size).attributes));
 }
 
 std::unique_ptr<CNode> parsed(std::int64_t mebibytes) {
@@ -137,23 +60,23 @@ void run(benchmark::State& state, Make make, Use use) {
 // ---- The library ----
 
 void parseOrv(benchmark::State& state) {
-    wideText(state.range(0));
+    wideText(size);
     run(
         state, [] { return std::unique_ptr<CNode>(); },
         [&](std::unique_ptr<CNode>& root) {
-            root = parsed(state.range(0));
+            root = parsed(size);
             if (root == nullptr) state.SkipWithError("no tree");
         });
 }
 
 void writeOrv(benchmark::State& state) {
-    const std::unique_ptr<CNode> root = parsed(state.range(0));
+    const std::unique_ptr<CNode> root = parsed(size);
     run(
         state, [] { return CString(); }, [&](CString& out) { root->WriteToString(out, false, true, true, 0); });
 }
 
 void copyOrv(benchmark::State& state) {
-    const std::unique_ptr<CNode> root = parsed(state.range(0));
+    const std::unique_ptr<CNode> root = parsed(size);
     run(
         state, [] { return std::unique_ptr<CNode>(); },
         [&](std::unique_ptr<CNode>& copy) { copy = std::make_unique<CNode>(*root); });
@@ -161,12 +84,12 @@ void copyOrv(benchmark::State& state) {
 
 void destroyOrv(benchmark::State& state) {
     run(
-        state, [&] { return parsed(state.range(0)); }, [](std::unique_ptr<CNode>& root) { root = nullptr; });
+        state, [&] { return parsed(size); }, [](std::unique_ptr<CNode>& root) { root = nullptr; });
 }
 
 void destroyPartOrv(benchmark::State& state) {
     run(
-        state, [&] { return parsed(state.range(0)); },
+        state, [&] { return parsed(size); },
         [](std::unique_ptr<CNode>& root) {
             while (root->DeleteChild(root->GetFirstChild()))
                 continue;
@@ -174,7 +97,7 @@ void destroyPartOrv(benchmark::State& state) {
 }
 
 void findOrv(benchmark::State& state) {
-    const std::unique_ptr<CNode> root = parsed(state.range(0));
+    const std::unique_ptr<CNode> root = parsed(size);
     const CNode& room = *root->GetChild(0)->GetChild(2)->GetChild(7);
     for (auto _ : state) {
         const CNode* part = room.FindChild(L"Bauteil");
@@ -186,7 +109,7 @@ void findOrv(benchmark::State& state) {
 // The file's bytes to the tree, decoding them included.
 void loadOrv(benchmark::State& state) {
     const std::filesystem::path path = std::filesystem::temp_directory_path() / "orv_bench_tree.txt";
-    std::ofstream(path, std::ios::binary) << "\xEF\xBB\xBF" << texts(state.range(0)).bracketed;
+    std::ofstream(path, std::ios::binary) << "\xEF\xBB\xBF" << texts(size).bracketed;
     const CFilePath name(CString(path.c_str()));
     run(
         state, [] { return std::unique_ptr<CNode>(); },
@@ -204,13 +127,13 @@ using Nodes = std::unique_ptr<CProNodeBase>;
 Nodes nodesParsed(std::int64_t mebibytes) { return Nodes(CProNodeBase::ReadFromString(wideText(mebibytes), 0, false)); }
 
 void parseNodes(benchmark::State& state) {
-    wideText(state.range(0));
+    wideText(size);
     run(
-        state, [] { return Nodes(); }, [&](Nodes& root) { root = nodesParsed(state.range(0)); });
+        state, [] { return Nodes(); }, [&](Nodes& root) { root = nodesParsed(size); });
 }
 
 void writeNodes(benchmark::State& state) {
-    const Nodes root = nodesParsed(state.range(0));
+    const Nodes root = nodesParsed(size);
     run(
         state, [] { return std::unique_ptr<wchar_t[]>(); },
         [&](std::unique_ptr<wchar_t[]>& text) {
@@ -221,14 +144,14 @@ void writeNodes(benchmark::State& state) {
 }
 
 void copyNodes(benchmark::State& state) {
-    const Nodes root = nodesParsed(state.range(0));
+    const Nodes root = nodesParsed(size);
     run(
         state, [] { return Nodes(); }, [&](Nodes& copy) { copy = std::make_unique<CProNodeBase>(*root); });
 }
 
 void destroyNodes(benchmark::State& state) {
     run(
-        state, [&] { return nodesParsed(state.range(0)); }, [](Nodes& root) { root = nullptr; });
+        state, [&] { return nodesParsed(size); }, [](Nodes& root) { root = nullptr; });
 }
 
 // ---- Peers ----
@@ -248,7 +171,7 @@ void parsePugi(benchmark::State& state) {
     run(
         state,
         [&] {
-            text = texts(state.range(0)).xml;
+            text = texts(size).xml;
             return std::make_unique<pugi::xml_document>();
         },
         [&](PugiDocument& document) {
@@ -258,7 +181,7 @@ void parsePugi(benchmark::State& state) {
 
 void loadPugi(benchmark::State& state) {
     const std::filesystem::path path = std::filesystem::temp_directory_path() / "orv_bench_tree.xml";
-    std::ofstream(path, std::ios::binary) << texts(state.range(0)).xml;
+    std::ofstream(path, std::ios::binary) << texts(size).xml;
     run(
         state, [] { return std::make_unique<pugi::xml_document>(); },
         [&](PugiDocument& document) { document->load_file(path.c_str(), pugi::parse_minimal, pugi::encoding_utf8); });
@@ -270,7 +193,7 @@ void writePugi(benchmark::State& state) {
         std::string text;
         void write(const void* data, std::size_t size) override { text.append(static_cast<const char*>(data), size); }
     };
-    const PugiDocument document = pugiParsed(state.range(0));
+    const PugiDocument document = pugiParsed(size);
     run(
         state, [] { return std::make_unique<Sink>(); },
         [&](std::unique_ptr<Sink>& sink) {
@@ -279,7 +202,7 @@ void writePugi(benchmark::State& state) {
 }
 
 void copyPugi(benchmark::State& state) {
-    const PugiDocument document = pugiParsed(state.range(0));
+    const PugiDocument document = pugiParsed(size);
     run(
         state, [] { return std::make_unique<pugi::xml_document>(); },
         [&](PugiDocument& copy) { copy->reset(*document); });
@@ -287,12 +210,12 @@ void copyPugi(benchmark::State& state) {
 
 void destroyPugi(benchmark::State& state) {
     run(
-        state, [&] { return pugiParsed(state.range(0)); }, [](PugiDocument& document) { document = nullptr; });
+        state, [&] { return pugiParsed(size); }, [](PugiDocument& document) { document = nullptr; });
 }
 
 void destroyPartPugi(benchmark::State& state) {
     run(
-        state, [&] { return pugiParsed(state.range(0)); },
+        state, [&] { return pugiParsed(size); },
         [](PugiDocument& document) {
             pugi::xml_node root = document->document_element();
             while (root.remove_child(root.first_child()))
@@ -301,7 +224,7 @@ void destroyPartPugi(benchmark::State& state) {
 }
 
 void findPugi(benchmark::State& state) {
-    const PugiDocument document = pugiParsed(state.range(0));
+    const PugiDocument document = pugiParsed(size);
     pugi::xml_node room = document->document_element().first_child();
     for (const int index : {2, 7}) {
         room = room.first_child();
@@ -328,13 +251,13 @@ void parseJson(benchmark::State& state) {
     run(
         state, [] { return JsonDocument(); },
         [&](JsonDocument& document) {
-            document = jsonParsed(state.range(0));
+            document = jsonParsed(size);
             if (document->HasParseError()) state.SkipWithError("no document");
         });
 }
 
 void writeJson(benchmark::State& state) {
-    const JsonDocument document = jsonParsed(state.range(0));
+    const JsonDocument document = jsonParsed(size);
     run(
         state, [] { return std::make_unique<rapidjson::StringBuffer>(); },
         [&](std::unique_ptr<rapidjson::StringBuffer>& buffer) {
@@ -344,7 +267,7 @@ void writeJson(benchmark::State& state) {
 }
 
 void copyJson(benchmark::State& state) {
-    const JsonDocument document = jsonParsed(state.range(0));
+    const JsonDocument document = jsonParsed(size);
     run(
         state, [] { return std::make_unique<rapidjson::Document>(); },
         [&](JsonDocument& copy) {
@@ -358,10 +281,25 @@ void copyJson(benchmark::State& state) {
 using TinyDocument = std::unique_ptr<tinyxml2::XMLDocument>;
 
 void parseTiny(benchmark::State& state) {
-    const std::string& text = texts(state.range(0)).xml;
+    const std::string& text = texts(size).xml;
     run(
         state, [] { return std::make_unique<tinyxml2::XMLDocument>(); },
         [&](TinyDocument& document) { document->Parse(text.data(), text.size()); });
+}
+#endif
+
+#if defined(ORV_PEER_BOOST)
+using BoostTree = std::unique_ptr<boost::property_tree::ptree>;
+
+void parseBoost(benchmark::State& state) {
+    std::istringstream text;
+    run(
+        state,
+        [&] {
+            text = std::istringstream(texts(size).json);
+            return std::make_unique<boost::property_tree::ptree>();
+        },
+        [&](BoostTree& tree) { boost::property_tree::read_json(text, *tree); });
 }
 #endif
 
@@ -369,7 +307,10 @@ void add(const char* operation, const char* who, void (*benchmarked)(benchmark::
     for (const std::int64_t mebibytes : {1, 16, 64}) {
         if (mebibytes > 1 && !isLarge) continue;
         const std::string name = "tree-" + std::string(operation) + "/" + std::to_string(mebibytes) + "MiB/" + who;
-        auto* const one = benchmark::RegisterBenchmark(name.c_str(), benchmarked)->Args({mebibytes});
+        auto* const one = benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& state) {
+            size = mebibytes;
+            benchmarked(state);
+        });
         // What is destroyed must be read before, so that a time to reach would take long.
         if (std::string(operation).starts_with("destroy")) one->Iterations(mebibytes > 1 ? 8 : 64);
     }
@@ -403,6 +344,9 @@ void addAll() {
 #endif
 #if defined(ORV_PEER_TINYXML2)
     add("parse", "tinyxml2", parseTiny);
+#endif
+#if defined(ORV_PEER_BOOST)
+    add("parse", "boost", parseBoost, false);
 #endif
 }
 

@@ -13,29 +13,27 @@ void add(CProNodeBase& node, void* place, wchar_t* name, wchar_t* value) {
     made.release();
 }
 
-/// Children are destroyed without a stack: while a node is being emptied the first place of its list, whose own entry
-/// has been taken out, names its parent.
+/// Children are destroyed without a stack: while a node is being emptied the last place of its list names its parent.
+/// The first entry has been taken out before, so that this takes no memory.
 class Destroyer {
   public:
     void contentsOf(CProNodeBase& root) {
         CProNodeBase* node = &root;
-        CProNodeBase* next = root.children.IsEmpty() ? nullptr : root.children.GetHead();
-        if (next != nullptr) root.children.SetAt(root.children.GetHeadPosition(), nullptr);
+        CProNodeBase* next = root.children.IsEmpty() ? nullptr : enter(root, nullptr);
         for (;;) {
             if (next != nullptr) {
                 if (next->children.IsEmpty()) {
                     end(next);
                     next = nullptr;
                 } else {
-                    CProNodeBase* first = next->children.GetHead();
-                    next->children.SetAt(next->children.GetHeadPosition(), node);
+                    CProNodeBase* const first = enter(*next, node);
                     node = next;
                     next = first;
                     continue;
                 }
             }
             if (node->children.GetCount() > 1) {
-                next = node->children.RemoveTail();
+                next = node->children.RemoveHead();
             } else if (node == &root) {
                 break;
             } else {
@@ -49,6 +47,16 @@ class Destroyer {
     }
 
   private:
+    static CProNodeBase* enter(CProNodeBase& node, CProNodeBase* parent) {
+        if (node.children.GetCount() == 1) {  // a list that gets empty gives back its memory
+            CProNodeBase* const only = node.children.GetHead();
+            node.children.SetAt(node.children.GetHeadPosition(), parent);
+            return only;
+        }
+        CProNodeBase* const first = node.children.RemoveHead();
+        node.children.AddTail(parent);
+        return first;
+    }
     void end(CProNodeBase* node) {
         attributesOf(*node);
         delete node;
