@@ -5,14 +5,6 @@
 namespace orv {
 namespace {
 
-void add(CProNodeBase& node, void* place, wchar_t* name, wchar_t* value) {
-    std::unique_ptr<CProAttBase> made(::new (place) CProAttBase);
-    made->name = CString(StringAccess::adopt(name));
-    made->value = CString(StringAccess::adopt(value));
-    node.attributes.AddTail(made.get());
-    made.release();
-}
-
 /// Children are destroyed without a stack: while a node is being emptied the last place of its list names its parent.
 /// The first entry has been taken out before, so that this takes no memory.
 class Destroyer {
@@ -89,23 +81,6 @@ CProNodeBase& addNewChild(MemoryPages& pages, CProNodeBase& node, wchar_t* name)
     made->name = CString(StringAccess::adopt(name));
     node.children.AddTail(made.get());
     return *made.release();
-}
-
-void addNewAttribute(MemoryPages& pages, CProNodeBase& node, wchar_t* name, wchar_t* value) {
-    std::uint32_t offset = 0;
-    add(node, placeItem<CProAttBase>(pages, offset), name, value);
-}
-
-void addNewAttribute(MemoryPages& pages, CProNodeBase& node, wchar_t* name, WideView value, std::size_t readable) {
-    const std::size_t bytes = bytesOfText(value.size());
-    if (value.empty() || kPlacedBytes<CProAttBase> + bytes > MemoryPages::kLargestPiece) {
-        return addNewAttribute(pages, node, name, makeText(pages, value));
-    }
-    std::uint32_t offset = 0;
-    void* const place = placeItem<CProAttBase>(pages, offset, bytes);
-    char* const behind = static_cast<char*>(place) - sizeof(ItemPlace) + kPlacedBytes<CProAttBase>;
-    add(node, place, name,
-        writeText(behind, offset + static_cast<std::uint32_t>(kPlacedBytes<CProAttBase>), value, readable));
 }
 
 void destroyContents(CProNodeBase& node) {

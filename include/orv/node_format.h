@@ -36,6 +36,9 @@ class ORV_API CProAttBase {
     CProAttBase() = default;
     CProAttBase(const CString& attributeName, const CString& attributeValue)
         : name(attributeName), value(attributeValue) {}
+    /// The library's own.
+    CProAttBase(orv::AdoptedText attributeName, orv::AdoptedText attributeValue) noexcept
+        : name(attributeName), value(attributeValue) {}
     /// Those that the library makes by the thousand share pages of memory; a host's own are on the heap.
     static void* operator new(std::size_t size);
     static void operator delete(void* attribute) noexcept;

@@ -55,6 +55,9 @@ TEST(Nodes, Reads) {
         {kHall, L"[PROJ]\r\nName:Hall 2: b\r\n[ADR]\r\nStreet:Main Road 5\r\n[ENDE_ADR]\r\n[ENDE_PROJ]\r\n"},
         {L"before [A]\nx\n y : z \n[ENDE_A]", L"[A]\r\n:\r\n y : z \r\n[ENDE_A]\r\n"},
         {L"[A B]\n[ENDE_A]", L"[A]\r\n:\r\n[ENDE_A]\r\n"},
+        {L"[A]\rn:v\r\tm:\r\r[ENDE_A]", L"[A]\r\nn:v\r\nm:\r\n[ENDE_A]\r\n"},
+        {L"[A]n:v:w\n\r\x01\x02m::\n\n\n x\r[ENDE_A]", L"[A]\r\nn:v:w\r\nm::\r\n:\r\n[ENDE_A]\r\n"},
+        {L"[A][B]\ta:b [ENDE_B]\n[ENDE_B][ENDE_A]", L"[A]\r\n[B]\r\na:b [ENDE_B]\r\n[ENDE_B]\r\n[ENDE_A]\r\n"},
     };
     for (const Row& row : rows) {
         const Tree tree = read(row.text);
@@ -103,6 +106,96 @@ TEST(Nodes, Exchange) {
         root.ExchangeChilds(root.findChild(row[1]), root.findChild(row[2]));
         EXPECT_TEXT(row[3], order(root));
     }
+}
+
+TEST(Nodes, AddInsertFindAndTakeOut) {
+    CProNodeBase root(L"R");
+    EXPECT_EQ(nullptr, root.AddChild(static_cast<CProNodeBase*>(nullptr)));
+    CProNodeBase* a = root.AddChild(L"a");
+    CProNodeBase* second = root.AddChild(L"a");
+    CProNodeBase stranger;
+    root.InsertChild(L"h", &stranger);
+    root.InsertChild(L"i", a);
+    EXPECT_TEXT(L"haia", order(root));
+    CProNodeBase* cursor = nullptr;
+    EXPECT_EQ(a, root.findChild(L"a", cursor));
+    EXPECT_EQ(second, root.findChild(L"a", cursor));
+    EXPECT_EQ(nullptr, root.findChild(L"a", cursor));
+    EXPECT_EQ(nullptr, root.findChild(L"A"));
+    EXPECT_EQ(nullptr, root.findChild(4));
+    EXPECT_FALSE(root.DeleteChild(&stranger, false));
+    EXPECT_TRUE(root.DeleteChild(a, true));
+    EXPECT_TRUE(root.DeleteChild(second, false));
+    EXPECT_TEXT(L"hi", order(root));
+    CProAttBase* x = a->AddAttr(L"x", L"1");
+    CProAttBase* other = a->AddAttr(L"x", L"2");
+    a->InsertAttr(L"y", L"3", x);
+    EXPECT_EQ(other, a->findAttr(L"x", x));
+    EXPECT_EQ(other, a->findAttr(2));
+    EXPECT_TRUE(a->DeleteAttr(x, true));
+    EXPECT_EQ(2, a->NrOfAttrs());
+    delete x;
+    delete a;
+}
+
+TEST(Nodes, WhatWasReadMayBeTakenApart) {
+    const CString longValue(L'v', 20000);
+    CString text = L"[P]\r\n";
+    for (int i = 0; i < 5000; ++i) {
+        CString part;
+        part.Format(L"[N%d]\r\nname %d:value %d\r\nx:", i, i, i);
+        text += part + (i % 1000 == 0 ? longValue : CString(L"y"));
+        part.Format(L"\r\n[ENDE_N%d]\r\n", i);
+        text += part;
+    }
+    Tree tree = read(text + L"[ENDE_P]");
+    ASSERT_TRUE(tree);
+    auto copy = std::make_unique<CProNodeBase>(*tree);
+    CProNodeBase* const last = copy->findChild(4999);
+    copy->DeleteChild(last, true);
+    CProAttBase* const first = tree->findChild(0)->findAttr(0);
+    tree->findChild(0)->DeleteAttr(first, true);
+    last->AddAttr(first);
+    const CString value = tree->findChild(1000)->findAttr(1)->value;
+    tree->findChild(7)->attributes.GetHead()->value.SetAt(0, L'V');
+    tree = nullptr;
+    EXPECT_TEXT(longValue, value);
+    EXPECT_TEXT(L"value 7", copy->findChild(7)->findAttr(L"name 7")->value);
+    copy = nullptr;
+    EXPECT_TEXT(L"[N4999]\r\nname 4999:value 4999\r\nx:y\r\nname 0:value 0\r\n[ENDE_N4999]\r\n", written(*last, false));
+    delete last;
+}
+
+TEST(Nodes, CheckForetellsWhatReadsBack) {
+    const Boxes boxes;
+    using Kind = orv::NodeProblem::Kind;
+    struct Row {
+        const wchar_t *node, *name, *value;
+        int kind;  // -1: reads back
+    };
+    const Row rows[] = {{L"A", L"n", L"v:w [x] ", -1},
+                        {L"A", L"", L"", -1},
+                        {L"A B", L"n", L"v", static_cast<int>(Kind::kNodeName)},
+                        {L"A]", L"n", L"v", static_cast<int>(Kind::kNodeName)},
+                        {L"ENDE_A", L"n", L"v", static_cast<int>(Kind::kNodeName)},
+                        {L"A", L"n:m", L"v", static_cast<int>(Kind::kAttributeName)},
+                        {L"A", L"[n", L"v", static_cast<int>(Kind::kAttributeName)},
+                        {L"A", L"n\n", L"v", static_cast<int>(Kind::kAttributeName)},
+                        {L"A", L"\x01n", L"v", static_cast<int>(Kind::kAttributeName)},
+                        {L"A", L"n", L"v\r", static_cast<int>(Kind::kAttributeValue)}};
+    for (const Row& row : rows) {
+        CProNodeBase root(L"R");
+        root.AddChild(row.node)->AddAttr(row.name, row.value);
+        const std::vector<orv::NodeProblem> problems = orv::checkNodes(root);
+        ASSERT_EQ(row.kind < 0 ? 0U : 1U, problems.size()) << utf8(row.node) << utf8(row.name);
+        if (row.kind >= 0) EXPECT_EQ(row.kind, static_cast<int>(problems[0].kind));
+        const Tree again = read(written(root, true));
+        EXPECT_EQ(row.kind < 0, again && orv::equalNodes(root, *again)) << utf8(row.node) << utf8(row.name);
+    }
+    CProNodeBase lone(L"R");
+    lone.AddAttr(L"n", CString(L'\xD800'));
+    ASSERT_EQ(1U, orv::checkNodes(lone).size());
+    EXPECT_EQ(Kind::kLoneSurrogate, orv::checkNodes(lone)[0].kind);
 }
 
 TEST(Nodes, Assignment) {
@@ -174,4 +267,41 @@ TEST(NodeFields, Packs) {
     EXPECT_TEXT(L"x", text);
     CProAttBase::getSubString(time);
     EXPECT_EQ(time.GetTime(), 255);
+}
+
+TEST(NodeFields, ReadIntoEveryType) {
+    // "?" leaves the target alone, an empty field does too unless forced.
+    CProAttBase::getSubStringReset(L"?:::12x:-3:0:5:2,5:1E3:?:t::");
+    int number = 1;
+    CProAttBase::getSubString(number, true);
+    EXPECT_EQ(1, number);
+    CProAttBase::getSubString(number);
+    EXPECT_EQ(1, number);
+    CProAttBase::getSubString(number, true);
+    EXPECT_EQ(0, number);
+    CProAttBase::getSubString(number);
+    EXPECT_EQ(12, number);
+    unsigned long wide = 0;
+    CProAttBase::getSubString(wide);
+    EXPECT_EQ(4294967293UL, wide);
+    bool flag = true;
+    CProAttBase::getSubString(flag);
+    EXPECT_FALSE(flag);
+    CProAttBase::getSubString(flag);
+    EXPECT_TRUE(flag);
+    float narrow = 0;
+    CProAttBase::getSubString(narrow);
+    EXPECT_EQ(2.5F, narrow);
+    double decimal = 0;
+    CProAttBase::getSubString(decimal);
+    EXPECT_EQ(1000, decimal);
+    CString text = L"kept";
+    CProAttBase::getSubString(text, true);
+    EXPECT_TEXT(L"kept", text);
+    CProAttBase::getSubString(text);
+    EXPECT_TEXT(L"t", text);
+    CProAttBase::getSubString(text);
+    EXPECT_TEXT(L"t", text);
+    CProAttBase::getSubString(text, true);
+    EXPECT_TEXT(L"", text) << "at the end";
 }
