@@ -27,7 +27,8 @@ class SharedTexts {
         std::atomic<std::int32_t>& references = StringAccess::dataOf(characters)->references;
         const std::int32_t count = references.load(std::memory_order_relaxed);
         if (count == StringData::kAlone) {
-            shareFromPage(*StringAccess::dataOf(characters));
+            tellShared(*pageOf(*StringAccess::dataOf(characters)));
+            references.store(2, std::memory_order_relaxed);
         } else if (count == 1) {
             references.store(2, std::memory_order_relaxed);
         } else if (count > 1) {

@@ -31,7 +31,7 @@ void* placeItem(MemoryPages& pages, std::uint32_t& offset, std::size_t more = 0)
 
 /// What was read or copied lies in memory in the order of the text: asks for what is some items further on.
 inline void askAhead(const void* item) {
-    constexpr std::size_t kAhead = 768;
+    constexpr std::size_t kAhead = 6144;
     __builtin_prefetch(static_cast<const char*>(item) + kAhead);
 }
 

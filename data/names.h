@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "data/name_table.h"
+#include "framework/cpu.h"
 #include "framework/text_pages.h"
 
 namespace orv {
@@ -26,9 +27,9 @@ class Names {
         return found != nullptr ? found : find(name);
     }
     /// The same, or else a text of its own.
-    wchar_t* get(WideView name) {
-        wchar_t* const found = lasting(name);
-        return found != nullptr ? found : makeText(pages_, name);
+    ORV_KERNEL_INLINE wchar_t* get(WideView name) {
+        wchar_t* const found = expected(name);
+        return found != nullptr ? found : findOrMake(name);
     }
 
   private:
@@ -46,6 +47,10 @@ class Names {
         const std::uint64_t some = name.front() | std::uint64_t{name.back()} << 16 |
                                    std::uint64_t{name[name.size() / 2]} << 32 | std::uint64_t{name.size()} << 48;
         return some * 0x9E37'79B9'7F4A'7C15 >> (64 - kSlotBits);  // the multiplier of Fibonacci hashing
+    }
+    wchar_t* findOrMake(WideView name) {
+        wchar_t* const found = find(name);
+        return found != nullptr ? found : makeText(pages_, name);
     }
     wchar_t* find(WideView name) {
         if (name.empty()) return const_cast<wchar_t*>(emptyString());

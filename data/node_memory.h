@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "data/item_memory.h"
+#include "framework/cpu.h"
 #include "framework/text_pages.h"
 #include "orv/node_format.h"
 
@@ -25,8 +26,8 @@ inline void addNewAttribute(MemoryPages& pages, CProNodeBase& node, wchar_t* nam
 }
 
 /// With a value of its own, which stands behind it; see writeText.
-inline void addNewAttribute(MemoryPages& pages, CProNodeBase& node, wchar_t* name, WideView value,
-                            std::size_t readable) {
+ORV_KERNEL_INLINE void addNewAttribute(MemoryPages& pages, CProNodeBase& node, wchar_t* name, WideView value,
+                                       std::size_t readable) {
     const std::size_t bytes = bytesOfText(value.size());
     if (value.empty() || kPlacedBytes<CProAttBase> + bytes > MemoryPages::kLargestPiece) {
         return addNewAttribute(pages, node, name, makeText(pages, value));

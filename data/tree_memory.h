@@ -5,6 +5,7 @@
 
 #include "data/item_memory.h"
 #include "data/tree_links.h"
+#include "framework/cpu.h"
 #include "framework/text_pages.h"
 
 namespace orv {
@@ -31,8 +32,8 @@ inline bool isForPage(WideView value) {
 }
 
 /// With a value of its own, which stands behind it; see writeText.
-inline CLeaf* TreeAccess::newLeaf(MemoryPages& pages, CNode& node, wchar_t* name, WideView value,
-                                  std::size_t readable) {
+ORV_KERNEL_INLINE CLeaf* TreeAccess::newLeaf(MemoryPages& pages, CNode& node, wchar_t* name, WideView value,
+                                             std::size_t readable) {
     if (value.empty() || !isForPage(value)) return newLeaf(pages, node, name, makeText(pages, value));
     std::uint32_t offset = 0;
     void* const place = placeItem<CLeaf>(pages, offset, bytesOfText(value.size()));

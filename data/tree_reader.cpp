@@ -98,6 +98,7 @@ class TreeReader {
         }
         TreeAccess::setName(*node_, names_.get({first, static_cast<std::size_t>(at_ - first)}));
         ++at_;
+        skipLineEnd(at_);
         return true;
     }
 

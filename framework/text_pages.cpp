@@ -4,8 +4,7 @@ namespace orv {
 
 // Several threads may copy at once.
 void shareFromPage(StringData& data) noexcept {
-    MemoryPage& page = *pageOf(data);
-    if (!page.isShared.load(std::memory_order_relaxed)) page.isShared.store(true, std::memory_order_relaxed);
+    tellShared(*pageOf(data));
     std::int32_t alone = StringData::kAlone;
     if (!data.references.compare_exchange_strong(alone, 2, std::memory_order_relaxed)) {
         data.references.fetch_add(1, std::memory_order_relaxed);

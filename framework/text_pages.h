@@ -28,6 +28,11 @@ inline std::size_t bytesInPage(const StringData& data) {
 
 inline void releaseFromPage(StringData& data) noexcept { releaseBytes(pageOf(data), bytesInPage(data)); }
 
+/// Before a text of the page has more than one reference.
+inline void tellShared(MemoryPage& page) noexcept {
+    if (!page.isShared.load(std::memory_order_relaxed)) page.isShared.store(true, std::memory_order_relaxed);
+}
+
 /// One more reference to a text that was alone.
 void shareFromPage(StringData& data) noexcept;
 
