@@ -54,6 +54,8 @@ class Names {
     }
     wchar_t* find(WideView name) {
         if (name.empty()) return const_cast<wchar_t*>(emptyString());
+        // Some node's: readers of lines do not look for a CR in what they expect.
+        if (findUnit(name.data(), name.size(), L'\r') != name.size()) return nullptr;
         Slot& slot = slots_[slotOf(name)];
         if (slot.text == nullptr || !isName(slot.text, name)) {
             wchar_t* const found = lastingName(name);

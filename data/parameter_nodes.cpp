@@ -113,6 +113,9 @@ CNode* deCompressRootNode(CNode* root) {
 
 CNode* mergeNewNodesWithExistingNodes(const CNode* newNodes, CNode* existing) {
     if (newNodes == nullptr || existing == nullptr || newNodes == existing) return existing;
+    if (CNode::IsChildOf(newNodes, existing) || CNode::IsChildOf(existing, newNodes)) {
+        return mergeNewNodesWithExistingNodes(std::make_unique<CNode>(*newNodes).get(), existing);
+    }
     for (const CNode& added : orv::childrenOf(*newNodes)) {
         CNode* old = existing->FindChild(added.GetName());
         if (old == nullptr) {

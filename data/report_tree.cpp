@@ -39,24 +39,30 @@ void copyBranch(CDataTree& to, const CDataTree& from) {
     }
 }
 
-/// Whether a format is exactly one printf directive, of these conversions, with literal text around it.
-bool isOneDirective(const wchar_t* format, orv::WideView conversions) {
+/// A format that is exactly one printf directive, of these conversions, with literal text around it; "" for any other.
+/// The letter "l" says nothing about the numbers here and is left out.
+CString oneDirective(const wchar_t* format, orv::WideView conversions) {
+    CString checked;
     int count = 0;
     for (const wchar_t* at = format; *at != 0; ++at) {
+        checked += *at;
         if (*at != L'%') continue;
-        if (*++at == L'%') continue;
-        while (*at != 0 && orv::WideView(L"-+ #0123456789.").find(*at) != orv::WideView::npos)
-            ++at;
-        if (*at == 0 || conversions.find(*at) == orv::WideView::npos) return false;
-        ++count;
+        for (++at; *at != 0 && orv::WideView(L"-+ #0123456789.").find(*at) != orv::WideView::npos; ++at)
+            checked += *at;
+        if (*at == L'l') ++at;
+        const bool isPercent = *at == L'%' && at[-1] == L'%';
+        if (!isPercent && (*at == 0 || conversions.find(*at) == orv::WideView::npos)) return {};
+        checked += *at;
+        count += isPercent ? 0 : 1;
     }
-    return count == 1;
+    return count == 1 ? checked : CString();
 }
 
 template <class Number>
 CString formatted(const Number& value, const wchar_t* format, orv::WideView conversions, const wchar_t* usual) {
+    const CString checked = format != nullptr ? oneDirective(format, conversions) : CString();
     CString text;
-    text.Format(format != nullptr && isOneDirective(format, conversions) ? format : usual, value);
+    text.Format(checked.IsEmpty() ? usual : checked.GetString(), value);
     return text;
 }
 
@@ -77,8 +83,10 @@ CDataTree& CDataTree::operator=(const CDataTree& other) {
     copyBranch(copy, other);
     cleanUp();
     copyValues(*this, copy);
-    children.AddTail(&copy.children);
-    copy.children.RemoveAll();
+    while (!copy.children.IsEmpty()) {  // one by one: each has one owner, whatever throws
+        children.AddTail(copy.children.GetHead());
+        copy.children.RemoveHead();
+    }
     return *this;
 }
 

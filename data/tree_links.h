@@ -3,12 +3,13 @@
 
 #include <type_traits>
 
+#include "framework/string_data.h"
 #include "orv/tree_items.h"
 
 namespace orv {
 
 /// The most characters that a string can have.
-inline constexpr std::size_t kLongestText = 0x3FFFFFFF;
+inline constexpr std::size_t kLongestText = static_cast<std::size_t>(kMaximumTextLength);
 
 /// What a leaf's line has besides its name and value: separator, CR, LF.
 inline constexpr std::size_t kLeafCharacters = 3;

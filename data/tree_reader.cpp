@@ -96,7 +96,10 @@ class TreeReader {
             if (*at_ == 0) return fail(TreeError::kEndInName);
             ++at_;
         }
-        TreeAccess::setName(*node_, names_.get({first, static_cast<std::size_t>(at_ - first)}));
+        const WideView name = between(first, at_);
+        // A name on the heap ends with its node alone, and so not with a run of those around it.
+        if (bytesOfText(name.size()) > MemoryPages::kLargestPiece) notPacked_ = std::max(notPacked_, depth_);
+        TreeAccess::setName(*node_, names_.get(name));
         ++at_;
         skipLineEnd(at_);
         return true;
@@ -175,7 +178,7 @@ class TreeReader {
         CNode* named = node_;
         for (int level = 0; level < kMostLevelsSearched && named != nullptr; ++level) {
             if (names(*named, at_ + prefix, closing)) break;
-            named = named == &root_ ? nullptr : named->GetParent();
+            named = named == &root_ || level + 1 == kMostLevelsSearched ? nullptr : named->GetParent();
         }
         at_ += prefix;
         while (*at_ != closing && *at_ != 0 && *at_ != L'\r' && *at_ != L'\n')

@@ -1,7 +1,7 @@
 // Memory handed out in small pieces and given back page by page: what is made together mostly dies together.
 //
 // A page lives until all its pieces have been released, one by one or a run of them at once; so one that survives keeps
-// a page, at most 1 MiB. Allocating is for one thread at a time, releasing for many.
+// a page, mostly of 1 MiB. Allocating is for one thread at a time, releasing for many.
 #pragma once
 
 #include <atomic>

@@ -117,8 +117,9 @@ struct Slowly {
             next();
             if (!is(L"(")) return fail(orv::kSyntaxError);
             next();
-            const double value = expression();
-            return closed(isSine ? std::sin(value) : std::cos(value));
+            const double angle = expression();
+            const double value = isSine ? std::sin(angle) : std::cos(angle);
+            return std::isnan(value) ? fail(orv::kSyntaxError) : closed(value);
         }
         if (is(L"%")) {
             next();

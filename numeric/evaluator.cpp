@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 #include "framework/plain_number.h"
@@ -12,7 +13,12 @@
 namespace orv {
 namespace {
 
-constexpr int kMostMacros = 100'000;  // macros that double each other must come to an end
+/// The evaluations of this thread that wait for a host's names, in which others run.
+struct Waiting {
+    int depth = 0;
+    EvaluationLimits* outermost = nullptr;
+};
+thread_local Waiting waiting;
 
 int truncated(double value) {
     if (std::isnan(value)) return 0;
@@ -33,7 +39,9 @@ WideView trimmed(WideView text) {
 class Evaluator::Nested {
   public:
     explicit Nested(Evaluator& owner) : limits_(owner.limits_) {
-        if (++limits_.depth > kDeepestExpression) owner.fail(kSyntaxError);
+        if (++limits_.depth <= limits_.deepest) return;
+        limits_.deepest = kDeepestExpression - waiting.depth;
+        if (limits_.depth > limits_.deepest) owner.fail(kSyntaxError);
     }
     ~Nested() { --limits_.depth; }
     Nested(const Nested&) = delete;
@@ -46,18 +54,22 @@ class Evaluator::Nested {
 /// A host's names may evaluate, and so lead back to themselves.
 class Evaluator::HostCall {
   public:
-    explicit HostCall(Evaluator& owner) {
-        constexpr int kMostNested = 32;
-        if (++nested_ > kMostNested) owner.fail(kSyntaxError);
+    explicit HostCall(Evaluator& owner) : before_(waiting) {
+        waiting.depth += owner.limits_.depth + 1;
+        if (waiting.outermost == nullptr) {
+            waiting.outermost = &owner.limits_;
+        } else if (++waiting.outermost->macros > kMostMacroUses) {
+            owner.fail(kSyntaxError);
+        }
+        if (waiting.depth > kDeepestExpression) owner.fail(kSyntaxError);
     }
-    ~HostCall() { --nested_; }
+    ~HostCall() { waiting = before_; }
     HostCall(const HostCall&) = delete;
     HostCall& operator=(const HostCall&) = delete;
 
   private:
-    static thread_local int nested_;
+    const Waiting before_;
 };
-thread_local int Evaluator::HostCall::nested_ = 0;
 
 // ---- Tokens ----
 
@@ -167,20 +179,21 @@ bool Evaluator::macroValue(const CString& text, double& value) {
     const WideView expression = trimmed(viewOf(text));
     const Nested level(*this);
     if (hasFailed()) return false;
-    if (expression.empty() || ++limits_.macros > kMostMacros) {
+    EvaluationLimits& all = waiting.outermost != nullptr ? *waiting.outermost : limits_;
+    if (expression.empty() || ++all.macros > kMostMacroUses) {
         fail(kSyntaxError);
         return false;
     }
     Evaluation inner;
     Evaluator(expression, names_->inMacros(), dialect_, limits_, inner).run();
+    inner.warnings |= result_.warnings;
     if (inner.ok) {
+        result_.warnings = inner.warnings;
         value = inner.value;
         return true;
     }
-    const unsigned warnings = result_.warnings;
     result_ = std::move(inner);
     result_.isInMacro = true;
-    result_.warnings |= warnings;
     end();
     return false;
 }
@@ -223,6 +236,7 @@ double Evaluator::failAt(ExpressionError error, WideView token) {
         result_.position = static_cast<int>(token.data() - begin_);
         result_.length = static_cast<int>(token.size());
         result_.text = textOf({begin_, static_cast<std::size_t>(end_ - begin_)});
+        hasReadAll_ = token_ == kEnd || error == kDivisionByZero;
     }
     end();
     return 0;
@@ -378,17 +392,18 @@ double Evaluator::keywordValue(CommaMeans comma) {
         const double a = expression(CommaMeans::kSeparator);
         if (token_ != kStatementEnd || *tokenAt_ != L',') return fail(kSyntaxError);
         const double b = expression(CommaMeans::kSeparator);
-        if (keyword == Keyword::kMod && b == 0) return fail(kSyntaxError);
         value = keyword == Keyword::kMin ? std::min(a, b) : keyword == Keyword::kMax ? std::max(a, b) : std::fmod(a, b);
     } else {
         value = intrinsic(keyword, expression());
     }
+    if (std::isnan(value)) return fail(kSyntaxError);  // outside the domain: LOG(-1), SIN(1E400), MOD(1,0)
     close(L')', comma);
     return value;
 }
 
+/// NaN outside the function's domain.
 double Evaluator::intrinsic(Keyword keyword, double x) {
-    const auto within = [&](bool isInDomain, double value) { return isInDomain ? value : fail(kSyntaxError); };
+    constexpr double kNoValue = std::numeric_limits<double>::quiet_NaN();
     switch (keyword) {
         case Keyword::kSin:
             return std::sin(x);
@@ -397,17 +412,17 @@ double Evaluator::intrinsic(Keyword keyword, double x) {
         case Keyword::kTan:
             return std::tan(x);
         case Keyword::kSqrt:
-            return within(x >= 0, std::sqrt(x));
+            return std::sqrt(x);
         case Keyword::kLog10:
-            return within(x > 0, std::log10(x));
+            return x > 0 ? std::log10(x) : kNoValue;
         case Keyword::kLog:
-            return within(x > 0, std::log(x));
+            return x > 0 ? std::log(x) : kNoValue;
         case Keyword::kAbs:
             return std::fabs(x);
         case Keyword::kAcos:
-            return within(x >= -1 && x <= 1, std::acos(x));
+            return std::acos(x);
         case Keyword::kAsin:
-            return within(x >= -1 && x <= 1, std::asin(x));
+            return std::asin(x);
         case Keyword::kAtan:
             return std::atan(x);
         case Keyword::kCosh:
@@ -448,18 +463,31 @@ double Evaluator::codeOfMacro() {
 void Evaluator::run() {
     while (at_ < end_ && kindOf(*at_) == CharacterKind::kSpace)
         ++at_;
-    if (at_ == end_) return;
+    if (at_ != end_) finish(expression());
+}
+
+bool Evaluator::isChar() const {
+    const wchar_t* first = at_;
+    while (first < end_ && kindOf(*first) == CharacterKind::kSpace)
+        ++first;
+    const wchar_t* last = first;
+    while (last < end_ && isNameCharacter(*last))
+        ++last;
+    return keywordOf({first, static_cast<std::size_t>(last - first)}, dialect_) == Keyword::kChar;
+}
+
+void Evaluator::runChar() {
+    read();
+    if (!open()) return;
     const double value = expression();
+    close(L')', CommaMeans::kDecimal);
+    finish(value);
+}
+
+void Evaluator::finish(double value) {
     if (!hasFailed() && token_ != kEnd) fail(kSyntaxError);
     result_.ok = !hasFailed();
     result_.value = result_.ok ? value : 0;
-}
-
-bool Evaluator::runChar(double& code) {
-    read();
-    if (token_ != kKeyword || keyword_ != Keyword::kChar || !open()) return false;
-    code = expression();
-    return close(L')', CommaMeans::kDecimal) && token_ == kEnd && !hasFailed();
 }
 
 }  // namespace orv

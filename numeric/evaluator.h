@@ -10,7 +10,11 @@ namespace orv {
 
 /// What all expressions of one evaluation share: the given one and those of its macros.
 struct EvaluationLimits {
+    /// Up to here nobody asks how deep the evaluations are that wait for a host's names.
+    static constexpr int kSurelyAllowed = 8;
+
     int depth = 0;
+    int deepest = kSurelyAllowed;
     int macros = 0;
 };
 
@@ -28,8 +32,12 @@ class Evaluator {
           result_(result) {}
 
     void run();
-    /// For CHAR(expression): the code; false if the text is anything else, or wrong.
-    bool runChar(double& code);
+    /// Whether the text begins with CHAR.
+    bool isChar() const;
+    /// For CHAR(expression): its value is the code.
+    void runChar();
+    /// Whether the error, if there is one, left nothing to be read.
+    bool hasReadAll() const { return hasReadAll_; }
 
   private:
     // What a token is; an operator is its own character.
@@ -58,6 +66,7 @@ class Evaluator {
     double intrinsic(Keyword keyword, double x);
     double codeOfMacro();
 
+    void finish(double value);
     bool open();
     bool close(wchar_t bracket, CommaMeans behind);
     double fail(ExpressionError error);
@@ -77,6 +86,7 @@ class Evaluator {
     double value_ = 0;                  // of kNumber
     Keyword keyword_ = Keyword::kNone;  // of kKeyword
     Evaluation& result_;
+    bool hasReadAll_ = false;
 };
 
 }  // namespace orv

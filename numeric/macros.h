@@ -1,6 +1,7 @@
 // The process-wide state of one kind of numeric string.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <unordered_map>
 
@@ -36,6 +37,7 @@ struct NumericState {
     NameMap<MacroCallback> callbacks;
     NameMap<CStringArray*> arrays;
     int errors = 0;
+    std::uint64_t counted = 0;  // errors, never reset
     int quiet = 0;
     int line = 0;
 

@@ -42,8 +42,11 @@ std::size_t numberRunLength(const wchar_t* at, const wchar_t* end, CommaMeans co
 }
 
 bool numberOfRun(WideView run, double& value) {
-    if (run.size() >= 2 && run[0] == L'0' && isX(run[1])) return hexadecimal(run.substr(2), value);
     if (run.size() > kLongestToken) return false;
+    if (run.size() >= 2 && run[0] == L'0' && isX(run[1])) {
+        const bool hasPoint = run.back() == L'.' || run.back() == L',';
+        return hexadecimal(run.substr(2, run.size() - 2 - (hasPoint ? 1 : 0)), value);
+    }
     wchar_t text[kLongestToken];
     std::transform(run.begin(), run.end(), text, [](wchar_t ch) { return ch == L',' ? L'.' : ch; });
     WideView number(text, run.size());

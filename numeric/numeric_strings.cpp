@@ -3,6 +3,7 @@
 #include <climits>
 #include <clocale>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 
 #include "localization/translate.h"
@@ -85,15 +86,18 @@ CString NumericString<kDialect>::formatted(double value) const {
 // ---- Evaluating ----
 
 // ODDITY(numeric-success-by-counter): success follows the error counter, so that an ErrorPrint that does not count
-// hides a failure. Pinned by NumericStrings.ErrorPrintDecides.
+// hides an error, unless it left some of the text unread. Pinned by NumericStrings.ErrorPrintDecides.
 template <ExpressionDialect kDialect>
-bool NumericString<kDialect>::evaluateText(double& value) {
+template <class Run>
+bool NumericString<kDialect>::evaluateBy(Run run, double& value) {
     value = 0;
-    if (text_.IsEmpty()) return false;
     NumericState& state = numericState(kDialect);
-    const int before = state.errors;
+    const std::uint64_t before = state.counted;
     OwnNames<NumericString> names(state, *this);
-    const Evaluation found = evaluate(viewOf(text_), &names, kDialect);
+    EvaluationLimits limits;
+    Evaluation found;
+    Evaluator evaluator(viewOf(text_), &names, kDialect, limits, found);
+    run(evaluator);
     if (found.isInMacro) {
         NumericString macro;
         macro = found.text;
@@ -101,9 +105,34 @@ bool NumericString<kDialect>::evaluateText(double& value) {
     } else if (found.error != kNoError) {
         stdError(found.error);
     }
-    const bool isGood = state.errors == before;
+    const bool isGood = state.counted == before && (found.ok || evaluator.hasReadAll());
     if (isGood) value = found.value;
     return isGood;
+}
+
+template <ExpressionDialect kDialect>
+bool NumericString<kDialect>::evaluateText(double& value) {
+    value = 0;
+    return !text_.IsEmpty() && evaluateBy([](Evaluator& evaluator) { evaluator.run(); }, value);
+}
+
+template <ExpressionDialect kDialect>
+bool NumericString<kDialect>::evaluateChar(CString& character) {
+    bool isChar = false;
+    double code = 0;
+    const auto run = [&](Evaluator& evaluator) {
+        isChar = evaluator.isChar();
+        if (isChar) evaluator.runChar();
+    };
+    character.Empty();
+    if (!evaluateBy(run, code)) return isChar;
+    constexpr double kLastCode = 0xFFFF;
+    if (code >= 1 && code <= kLastCode) {
+        character = static_cast<wchar_t>(code);
+    } else {
+        stdError(kSyntaxError);
+    }
+    return true;
 }
 
 template <ExpressionDialect kDialect>
@@ -130,7 +159,7 @@ int NumericString<kDialect>::validate(const wchar_t* format) {
     if (text_.IsEmpty()) return 1;
     double value = 0;
     if (!evaluateText(value)) return 0;
-    if (reformat_ == 0) return 1;
+    if (reformat_ == 0 || !std::isfinite(value)) return 1;
     if (format != nullptr) {
         text_.Format(format, value);
     } else {
@@ -246,6 +275,7 @@ void NumericString<kDialect>::ErrorPrint(const wchar_t* message) {
     NumericState& state = numericState(kDialect);
     if (state.quiet == 0) showMessage(MessageKind::kError, translate(L"Fehler"), message);
     ++state.errors;
+    ++state.counted;
 }
 
 template <ExpressionDialect kDialect>
@@ -292,13 +322,8 @@ CString withoutQuotes(const CString& text) {
 
 CString CFortranString::StringValue() {
     if (const CString* macro = fortran().textOf(orv::viewOf(GetText())); macro != nullptr) return withoutQuotes(*macro);
-    orv::MacroNames names(fortran());
-    orv::EvaluationLimits limits;
-    orv::Evaluation unused;
-    double code = 0;
-    orv::Evaluator asChar(orv::viewOf(GetText()), &names, orv::ExpressionDialect::kFortran, limits, unused);
-    constexpr double kLastCode = 0xFFFF;
-    if (asChar.runChar(code) && code >= 1 && code <= kLastCode) return CString(static_cast<wchar_t>(code));
+    CString character;
+    if (evaluateChar(character)) return character;
     double value = 0;
     return evaluateText(value) ? formatted(value) : CString();
 }

@@ -23,7 +23,9 @@ double orvUnits::convertToBaseUnit(const double& value, enUnit unit) {
 
 double orvUnits::unitTrans(const double& value, enUnit from, enUnit to) {
     double result = 0;
-    switch (orv::tryConvert(value, from, to, result)) {
+    // Through the base unit, to which cubic millimetres do not lead.
+    const double given = from == eUnitMillimeter3 && to != from ? 0.0 : value;
+    switch (orv::tryConvert(given, from, to, result)) {
         case orv::UnitConversion::kDifferentGroups:
             return std::numeric_limits<double>::max();
         case orv::UnitConversion::kUnknownUnit:

@@ -13,7 +13,8 @@
 //   ICHAR(macro) and array macros, name(i) or name[i] from 0. Between the arguments of MIN, MAX and MOD a comma always
 //   separates. CHAR gives a text and is an error within arithmetic.
 // - Names and numbers of 30 characters and more, nesting beyond kDeepestExpression, macros that lead to themselves,
-//   arguments outside a function's domain: a syntax error. Nothing throws but for lack of memory.
+//   more than kMostMacroUses of them, arguments outside a function's domain: a syntax error. Nothing throws but for
+//   lack of memory.
 // - No process-wide state: for many threads at once, as far as the names are.
 #pragma once
 
@@ -24,7 +25,10 @@
 
 namespace orv {
 
+/// Brackets within brackets, macros within macros and evaluations within a host's names, all together.
 inline constexpr int kDeepestExpression = 250;
+/// In one evaluation, with those that a host's names start within it.
+inline constexpr int kMostMacroUses = 1'000'000;
 
 enum class ExpressionDialect { kCalculator, kFortran };
 
@@ -37,7 +41,7 @@ class ORV_API ExpressionNames {
     virtual ~ExpressionNames();
 
     /// A macro whose text is nothing but a number, for who knows it; quicker than its text. The name is not
-    /// NUL-terminated.
+    /// NUL-terminated. Must not evaluate.
     virtual bool macroNumber(WideView name, double& value);
     /// A macro's text, which is an expression of its own. False: no such macro.
     virtual bool macroText(WideView name, CString& text);

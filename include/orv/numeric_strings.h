@@ -46,7 +46,7 @@ class ORV_API NumericString {
     float Float();
     /// Truncated toward zero, saturating.
     int Int();
-    /// 1 for an empty text or one with a value; else 0.
+    /// 1 for an empty text or one with a value; else 0. A value that is no finite number rewrites nothing.
     int ValidateFloat();
     /// Rewrites by "%.0f".
     int ValidateInt();
@@ -90,9 +90,13 @@ class ORV_API NumericString {
 
   protected:
     bool evaluateText(double& value);
+    /// The character of a code that CHAR gives, if the text begins with that; false if it does not.
+    bool evaluateChar(CString& character);
     CString formatted(double value) const;
 
   private:
+    template <class Run>
+    bool evaluateBy(Run run, double& value);
     int validate(const wchar_t* format);
     bool isOutside(float least, float greatest);
     CString text_;

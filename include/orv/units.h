@@ -348,7 +348,7 @@ ORV_API bool isNumberUnit(enUnit unit);
 /// The value in the base unit of the unit's group. Units that share no quantity with it (volt, DN) come back unchanged,
 /// values that are no unit give 0. Cubic millimetres give 0 too: see orv::tryConvert.
 ORV_API double convertToBaseUnit(const double& value, enUnit unit);
-/// Through the base unit; the largest finite double between groups.
+/// Through the base unit, so that cubic millimetres give 0; the largest finite double between groups.
 ORV_API double unitTrans(const double& value, enUnit from, enUnit to);
 
 }  // namespace orvUnits

@@ -26,8 +26,12 @@ TEST(ReportTree, ValuesAreReplacedIgnoringCase) {
         EXPECT_EQ(1, tree.AddValue(L"d", 0.5, format));
         EXPECT_TEXT(L"Länge=2/m;n=7;d=0.500000;", shown(tree)) << utf8(format);
     }
+    tree.AddValue(L"l", 0.5, L"%.2lf");
+    EXPECT_TEXT(L"0.50", tree.GetDataArray()[tree.GetDataArray().GetSize() - 1].value);
+    tree.AddValue(L"l", 7, L"%03ld");
+    EXPECT_TEXT(L"007", tree.GetDataArray()[tree.GetDataArray().GetSize() - 1].value);
     tree.AddValue(L"d", 0.5, L"%.1f %%");
-    EXPECT_TEXT(L"Länge=2/m;n=7;d=0.5 %;", shown(tree));
+    EXPECT_TEXT(L"Länge=2/m;n=7;d=0.5 %;l=007;", shown(tree));
 }
 
 TEST(ReportTree, SharedDataTakeTheValues) {

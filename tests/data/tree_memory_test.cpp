@@ -131,6 +131,24 @@ TEST(TreeMemory, EditsDoTheSameToWhatWasReadAsToItemsOnTheHeap) {
     }
 }
 
+TEST(TreeMemory, NamesOfEveryKind) {
+    // Too long for a page: on the heap, and to be freed with their nodes.
+    const CString longName(L'x', 5000);
+    const CString text =
+        L"[P]\n[" + longName + L"]\nk:1\n[ENDE_" + longName + L"]\n[A]\n" + longName + L":1\n[ENDE_A]\n[ENDE_P]\n";
+    for (int i = 0; i < 3; ++i) {
+        const Tree tree = read(text);
+        if (i != 0) tree->DeleteChild(tree->GetChild(i - 1));
+        EXPECT_TEXT(i == 1 ? L"A" : longName.GetString(), tree->GetChild(0)->GetName());
+    }
+    // A node's name may hold a CR; at the same place a leaf's name ends there.
+    const Tree tree = read(L"[R]\nk:1\n[AB\rCD]\n[/]\nk:1\nAB\rCD:1\n[/]\n");
+    ASSERT_EQ(4, tree->NrOfLeaves());
+    EXPECT_TEXT(L"AB", tree->GetLeaf(2)->GetName());
+    EXPECT_TEXT(L"CD", tree->GetLeaf(3)->GetName());
+    EXPECT_TEXT(L"1", tree->GetLeaf(3)->GetRawData());
+}
+
 TEST(TreeMemory, TextsOutliveTheirTree) {
     // Over many pages, with values and names that are too long for them or too many to be shared.
     CString text = L"[P]\r\n";

@@ -30,6 +30,24 @@ TEST(TreeTools, ErrorsTellTheirPlaces) {
     }
 }
 
+TEST(TreeTools, AWrongEndFarFromItsNodeClosesTheInnermost) {
+    for (const int depth : {3, 999, 1000, 1001, 1500}) {
+        CString text, closing;
+        for (int i = 0; i < depth; ++i) {
+            text += L"[A]\n";
+            closing += L"[ENDE_A]\n";
+        }
+        std::vector<orv::TreeReadError> errors;
+        const Tree tree = orv::readTree(text + L"[B]\n[ENDE_X]\nlate:1\n" + closing, L':', errors);
+        ASSERT_TRUE(tree) << depth;
+        EXPECT_EQ(1U, errors.size());
+        const CNode* innermost = tree.get();
+        for (int i = 1; i < depth; ++i)
+            innermost = innermost->GetChild(0);
+        EXPECT_EQ(1, innermost->NrOfLeaves()) << depth;
+    }
+}
+
 /// What the check must foretell: whether a tree comes back from its text.
 bool readsBack(const CNode& node) {
     CString text;

@@ -69,6 +69,7 @@ TEST(Expressions, HaveTheseValues) {
         {L"2E+2", 200},
         {L"0x10", 16},
         {L"0X99", 153},
+        {L"0x10,", 16},
         {L"1234567890123456789", 1234567890123456789.0},
         {L"0,1", 0.1},
         {L"123456789,123456789", 123456789.123456789},
@@ -187,8 +188,9 @@ TEST(Expressions, FailLikeThis) {
         EXPECT_FALSE(found.isInMacro);
         EXPECT_TEXT(row.error == orv::kNoError ? L"" : row.text, found.text);
     }
-    for (const wchar_t* text : {L"MIN(1;2)", L"MIN(1)", L"SQRT(-1)", L"LOG(0)", L"ACOS(1,1)", L"MOD(1,0)", L"CHAR(65)",
-                                L"list(7)", L"list", L"list(-1)", L"ICHAR(none)", L"MAX 1", L"MIN(1,2"}) {
+    for (const wchar_t* text :
+         {L"MIN(1;2)", L"MIN(1)", L"SQRT(-1)", L"LOG(0)", L"ACOS(1,1)", L"MOD(1,0)", L"CHAR(65)", L"list(7)", L"list",
+          L"list(-1)", L"ICHAR(none)", L"MAX 1", L"MIN(1,2", L"SIN(1E400)", L"MOD(1E400,2)"}) {
         EXPECT_FALSE(orv::evaluate(text, &names, ExpressionDialect::kFortran).ok) << utf8(text);
     }
     EXPECT_EQ(orv::kBracketNotClosed, orv::evaluate(L"list(1]", &names, ExpressionDialect::kFortran).error);
@@ -205,6 +207,9 @@ TEST(Expressions, TellOfSurprises) {
     EXPECT_EQ(0U, orv::evaluate(L"2*SIN(0)").warnings);
     EXPECT_EQ(orv::kCommaReadAsPoint, orv::evaluate(L"1,234").warnings);
     EXPECT_EQ(0U, orv::evaluate(L"0,234+1,23+1234,567").warnings);
+    Names macros;
+    macros.macros[L"T"] = L"1,234";
+    EXPECT_EQ(orv::kCommaReadAsPoint, orv::evaluate(L"T*2", &macros).warnings);
     CStringArray names;
     orv::namesInExpression(L"a*SIN(b1)+a/2E+3*Läng_e(;MIN", names);
     ASSERT_EQ(4, names.GetSize());
@@ -212,6 +217,11 @@ TEST(Expressions, TellOfSurprises) {
     EXPECT_TEXT(L"b1", names[1]);
     EXPECT_TEXT(L"Läng_e", names[2]);
     EXPECT_TEXT(L"MIN", names[3]);
+    orv::namesInExpression(L"MIN(1,E5)+%(7,E6)+MAX((1,E7),EXP(z))", names, ExpressionDialect::kFortran);
+    ASSERT_EQ(3, names.GetSize());  // 1,E7 is a number in a bracket of its own
+    EXPECT_TEXT(L"E5", names[0]);
+    EXPECT_TEXT(L"E6", names[1]);
+    EXPECT_TEXT(L"z", names[2]);
 }
 
 TEST(Expressions, AreBounded) {

@@ -120,6 +120,8 @@ TEST(UnitConversion, EveryUnitGoesThereAndBack) {
 
 TEST(UnitConversion, Oddities) {
     EXPECT_EQ(0.0, convertToBaseUnit(5.0, eUnitMillimeter3));
+    EXPECT_EQ(0.0, unitTrans(5.0, eUnitMillimeter3, eUnitMeter3));
+    EXPECT_EQ(5.0, unitTrans(5.0, eUnitMillimeter3, eUnitMillimeter3));
     double out = 1;
     EXPECT_EQ(orv::UnitConversion::kDone, orv::tryConvert(5, eUnitMillimeter3, eUnitMeter3, out));
     EXPECT_EQ(5e-9, out);
