@@ -19,14 +19,8 @@ constexpr int kMostLevelsSearched = 1000;
 
 CString textOf(const wchar_t* begin, const wchar_t* end) { return {begin, static_cast<int>(end - begin)}; }
 
-/// Most characters need not be asked whether they are white space.
-bool mayBeWhite(wchar_t ch) {
-    constexpr wchar_t kFirstRare = 0x85;
-    return ch <= L' ' || ch >= kFirstRare;
-}
-
 void skipSpace(const wchar_t*& at) {
-    while (mayBeWhite(*at) && isSpace(*at))
+    while (isSpace(*at))
         ++at;
 }
 
@@ -58,7 +52,7 @@ class TreeReader {
         while (node_ != nullptr) {
             const wchar_t* mark = marks_.from(at_);
             at_ = indentation_.behind(at_, mark);
-            if (mayBeWhite(*at_)) {
+            if (isSpace(*at_)) {
                 skipSpace(at_);
                 if (at_ > mark) mark = marks_.from(at_);
             }

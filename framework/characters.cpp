@@ -26,7 +26,7 @@ wchar_t plus(wchar_t ch, std::uint16_t step) noexcept { return static_cast<wchar
 
 }  // namespace
 
-bool isSpace(wchar_t ch) noexcept { return (kindOf(ch).flags & kSpace) != 0; }
+bool isTabledSpace(wchar_t ch) noexcept { return (kindOf(ch).flags & kSpace) != 0; }
 bool isDigit(wchar_t ch) noexcept { return (kindOf(ch).flags & kDigit) != 0; }
 bool isLetter(wchar_t ch) noexcept { return (kindOf(ch).flags & kLetter) != 0; }
 wchar_t toLower(wchar_t ch) noexcept { return plus(ch, kindOf(ch).toLower); }

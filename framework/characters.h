@@ -5,8 +5,13 @@
 
 namespace orv {
 
+/// As isSpace, for every character.
+bool isTabledSpace(wchar_t ch) noexcept;
 /// U+0009..000D, 0020, 0085, 00A0, 1680, 2000..200A, 2028, 2029, 202F, 205F, 3000.
-bool isSpace(wchar_t ch) noexcept;
+inline bool isSpace(wchar_t ch) noexcept {
+    constexpr wchar_t kFirstRare = 0x85;
+    return ch < kFirstRare ? ch == L' ' || (ch >= L'\t' && ch <= L'\r') : isTabledSpace(ch);
+}
 /// "0" to "9".
 inline bool isAsciiDigit(wchar_t ch) noexcept { return ch >= L'0' && ch <= L'9'; }
 /// Decimal digits of every script.

@@ -272,31 +272,23 @@ constexpr bool isNumberedAsAgreed() {
 }
 static_assert(isNumberedAsAgreed(), "groups are multiples of 1000, units follow without gaps, the first is the base");
 
-// From thousands and offset to the row, 0 for none; two groups lie far out.
-constexpr std::size_t kGroups = 102, kMembers = 20;
-constexpr std::size_t groupIndex(std::size_t thousands) { return thousands == 1000 ? kGroups - 1 : thousands; }
-
-constexpr auto kIndex = [] {
-    std::array<std::array<unsigned char, kMembers>, kGroups> index{};
-    for (std::size_t i = 0; i < std::size(kRows); ++i)
-        index[groupIndex(static_cast<std::size_t>(kRows[i].value) / 1000)]
-             [static_cast<std::size_t>(kRows[i].value) % 1000] = static_cast<unsigned char>(i + 1);
-    return index;
-}();
 static_assert(std::size(kRows) < 256);
 
 }  // namespace
 
-std::span<const UnitRow> unitCatalogue() { return kRows; }
+namespace detail {
 
-const UnitRow* findUnit(int value) {
-    if (value <= 0) return nullptr;
-    const std::size_t thousands = static_cast<std::size_t>(value) / 1000,
-                      member = static_cast<std::size_t>(value) % 1000;
-    const std::size_t group = groupIndex(thousands);
-    if (group >= kGroups || member >= kMembers || thousands == kGroups - 1) return nullptr;
-    const int row = kIndex[group][member];
-    return row == 0 ? nullptr : &kRows[row - 1];
-}
+constexpr UnitIndex unitIndex = [] {
+    UnitIndex index{};
+    for (std::size_t i = 0; i < std::size(kRows); ++i)
+        index[groupIndex(static_cast<unsigned>(kRows[i].value) / 1000)][static_cast<unsigned>(kRows[i].value) % 1000] =
+            static_cast<unsigned char>(i + 1);
+    return index;
+}();
+constexpr const UnitRow* unitRows = kRows;
+
+}  // namespace detail
+
+std::span<const UnitRow> unitCatalogue() { return kRows; }
 
 }  // namespace orv

@@ -1,6 +1,7 @@
 // The catalogue: one row a group or unit, in the order of their values.
 #pragma once
 
+#include <array>
 #include <span>
 
 #include "orv/units.h"
@@ -48,8 +49,28 @@ struct UnitRow {
 };
 
 std::span<const UnitRow> unitCatalogue();
+
+namespace detail {
+
+// From thousands and the rest to the row, counted from 1, 0 for none. Two groups lie far out; one shares its place.
+inline constexpr unsigned kGroups = 102, kMembers = 20, kFarThousands = 1000;
+constexpr unsigned groupIndex(unsigned thousands) { return thousands == kFarThousands ? kGroups - 1 : thousands; }
+using UnitIndex = std::array<std::array<unsigned char, kMembers>, kGroups>;
+extern const UnitIndex unitIndex;
+extern const UnitRow* const unitRows;
+
+}  // namespace detail
+
 /// Null for a value that the catalogue does not hold.
-const UnitRow* findUnit(int value);
+inline const UnitRow* findUnit(int value) {
+    constexpr unsigned kThousand = 1000;
+    const unsigned thousands = static_cast<unsigned>(value) / kThousand,
+                   member = static_cast<unsigned>(value) % kThousand;
+    const unsigned group = detail::groupIndex(thousands);
+    if (group >= detail::kGroups || member >= detail::kMembers || thousands == detail::kGroups - 1) return nullptr;
+    const unsigned row = detail::unitIndex[group][member];
+    return row == 0 ? nullptr : &detail::unitRows[row - 1];
+}
 
 constexpr int groupOf(int unit) { return unit / 1000 * 1000; }
 

@@ -55,10 +55,10 @@ double orv::unitFactorByDefinition(enUnit unit) {
 
 orv::UnitConversion orv::tryConvert(double value, enUnit from, enUnit to, double& out) {
     const UnitRow* source = convertible(from);
-    if (source == nullptr || convertible(to) == nullptr) return UnitConversion::kUnknownUnit;
+    const UnitRow* target = convertible(to);
+    if (source == nullptr || target == nullptr) return UnitConversion::kUnknownUnit;
     if (groupOf(from) != groupOf(to)) return UnitConversion::kDifferentGroups;
-    out = from == to ? value : convertFromBaseUnit(source->toBase.apply(value), to);
-    const bool isApart =
-        source->toBase.kind == ToBase::Kind::kApart || findUnit(to)->toBase.kind == ToBase::Kind::kApart;
+    out = from == to ? value : target->toBase.undo(source->toBase.apply(value));
+    const bool isApart = source->toBase.kind == ToBase::Kind::kApart || target->toBase.kind == ToBase::Kind::kApart;
     return from != to && isApart ? UnitConversion::kNoCommonQuantity : UnitConversion::kDone;
 }
