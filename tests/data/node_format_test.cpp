@@ -188,7 +188,9 @@ TEST(Nodes, CheckForetellsWhatReadsBack) {
         root.AddChild(row.node)->AddAttr(row.name, row.value);
         const std::vector<orv::NodeProblem> problems = orv::checkNodes(root);
         ASSERT_EQ(row.kind < 0 ? 0U : 1U, problems.size()) << utf8(row.node) << utf8(row.name);
-        if (row.kind >= 0) EXPECT_EQ(row.kind, static_cast<int>(problems[0].kind));
+        if (row.kind >= 0) {
+            EXPECT_EQ(row.kind, static_cast<int>(problems[0].kind));
+        }
         const Tree again = read(written(root, true));
         EXPECT_EQ(row.kind < 0, again && orv::equalNodes(root, *again)) << utf8(row.node) << utf8(row.name);
     }

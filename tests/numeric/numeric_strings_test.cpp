@@ -201,7 +201,9 @@ TEST_F(NumericStrings, ErrorPrintDecides) {
         text = expression;
         text.SetReformat(1);
         EXPECT_EQ(isHidden, text.ValidateFloat()) << utf8(expression);
-        if (isHidden == 0) EXPECT_TEXT(expression, text.GetText());
+        if (isHidden == 0) {
+            EXPECT_TEXT(expression, text.GetText());
+        }
     }
     text = L"1E400";
     EXPECT_EQ(1, text.ValidateFloat());
