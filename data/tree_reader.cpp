@@ -1,7 +1,6 @@
 #include "data/tree_reader.h"
 
 #include <algorithm>
-#include <array>
 
 #include "data/indentation.h"
 #include "data/line_marks.h"
