@@ -115,15 +115,6 @@ Entry* findNext(const EntryList<Entry>& list, const wchar_t* name, const Entry* 
 
 }  // namespace
 
-CProNodeBase::CProNodeBase(const CProNodeBase& other) {
-    try {
-        *this = other;
-    } catch (...) {  // no destructor will run
-        orv::destroyContents(*this);
-        throw;
-    }
-}
-
 CProNodeBase::~CProNodeBase() { orv::destroyContents(*this); }
 
 CProNodeBase& CProNodeBase::operator=(const CProNodeBase& other) {

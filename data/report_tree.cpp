@@ -1,9 +1,12 @@
 #include "orv/report_tree.h"
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "data/tree_links.h"
+#include "framework/characters.h"
+#include "framework/hash_index.h"
 
 namespace {
 
@@ -73,6 +76,32 @@ VARIABLE* find(CArray<VARIABLE, const VARIABLE&>& data, const CString& name) {
         if (at->name.GetLength() == name.GetLength() && at->name.CompareNoCase(name) == 0) return at;
     }
     return nullptr;
+}
+
+/// As AddValue for each leaf, to a tree without values; many are found by hashing.
+void addLeaves(CDataTree& tree, const CNode& node) {
+    constexpr int kFew = 32;
+    if (node.NrOfLeaves() <= kFew) {
+        for (const CLeaf& leaf : orv::leavesOf(node))
+            tree.AddValue(leaf.GetName(), leaf.GetOnlyValue(L':'));
+        return;
+    }
+    orv::HashIndex positions;
+    std::vector<orv::WideString> names;  // folded, as the values stand
+    for (const CLeaf& leaf : orv::leavesOf(node)) {
+        orv::WideString name(leaf.GetName().GetString());
+        for (wchar_t& ch : name)
+            ch = orv::foldCase(ch);
+        const std::uint32_t hash = orv::hashText(name);
+        const std::uint32_t found = positions.find(hash, [&](std::uint32_t at) { return names[at] == name; });
+        if (found != orv::HashIndex::kNone) {
+            tree.data[static_cast<int>(found)].value = leaf.GetOnlyValue(L':');
+            continue;
+        }
+        positions.add(hash, static_cast<std::uint32_t>(names.size()));
+        names.push_back(std::move(name));
+        tree.data.Add(VARIABLE{CString(leaf.GetName().GetString()), leaf.GetOnlyValue(L':'), CString()});
+    }
 }
 
 }  // namespace
@@ -147,8 +176,7 @@ bool CDataTree::LoadFromNode(const CNode* node) {
             [&](const CNode& one) {
                 open.push_back(tree);
                 tree = tree->AddChild();
-                for (const CLeaf& leaf : orv::leavesOf(one))
-                    tree->AddValue(leaf.GetName(), leaf.GetOnlyValue(L':'));
+                addLeaves(*tree, one);
             },
             [&](const CNode&) {
                 tree = open.back();

@@ -1,4 +1,7 @@
 // The XML document form where there is no XML service: the same text by the packaged library.
+#include <string>
+#include <unordered_map>
+
 #include "data/tree_links.h"
 #include "data/tree_xml.h"
 #include "data/xml_names.h"
@@ -10,11 +13,12 @@ namespace {
 bool addElement(const CNode& node, pugi::xml_node& at) {
     if (!orv::isXmlName(orv::viewOf(node.GetName()))) return false;
     at = at.append_child(orv::wideToUtf8(orv::viewOf(node.GetName())).c_str());
+    std::unordered_map<std::string, pugi::xml_attribute> attributes;  // a name that comes again replaces its value
     for (const CLeaf& leaf : orv::leavesOf(node)) {
         const CString value = leaf.GetOnlyValue(L':');
         if (!orv::isXmlName(orv::viewOf(leaf.GetName())) || !orv::isXmlText(orv::viewOf(value))) return false;
         const std::string name = orv::wideToUtf8(orv::viewOf(leaf.GetName()));
-        pugi::xml_attribute attribute = at.attribute(name.c_str());
+        pugi::xml_attribute& attribute = attributes[name];
         if (!attribute) attribute = at.append_attribute(name.c_str());
         attribute.set_value(orv::wideToUtf8(orv::viewOf(value)).c_str());
     }

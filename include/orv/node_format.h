@@ -88,7 +88,7 @@ class ORV_API CProNodeBase {
   public:
     CProNodeBase() = default;
     explicit CProNodeBase(const wchar_t* nodeName) : name(nodeName) {}
-    CProNodeBase(const CProNodeBase& other);
+    CProNodeBase(const CProNodeBase& other) : CProNodeBase() { *this = other; }
     static void* operator new(std::size_t size);
     static void operator delete(void* node) noexcept;
     ~CProNodeBase();

@@ -21,7 +21,7 @@ struct VARIABLE {
 class ORV_API CDataTree {
   public:
     CDataTree() = default;
-    CDataTree(const CDataTree& other) { *this = other; }
+    CDataTree(const CDataTree& other) : CDataTree() { *this = other; }
     ~CDataTree() { cleanUp(); }
     /// Replaces values and children by copies; the copy uses the same shared array. `other` may be in this tree.
     CDataTree& operator=(const CDataTree& other);

@@ -51,6 +51,24 @@ TEST(ReportTree, SharedDataTakeTheValues) {
     EXPECT_TEXT(L"own=2;", shown(tree));
 }
 
+TEST(ReportTree, ManyLeavesAreLoadedLikeFew) {
+    CNode node;
+    CNode* child = node.AddChild(L"Child");
+    CDataTree expected;
+    for (int i = 0; i < 200; ++i) {
+        CString name, value;
+        name.Format(i % 2 == 0 ? L"Größe %d" : L"GRÖSSE %d", i % 70);
+        if (i % 3 == 0) name.MakeUpper();
+        value.Format(L"v%d", i);
+        child->AddLeaf(name, value);
+        expected.AddValue(name, value);
+    }
+    CDataTree loaded;
+    loaded.LoadFromNode(&node);
+    ASSERT_EQ(1, loaded.children.GetCount());
+    EXPECT_TEXT(shown(expected), shown(*loaded.children.GetHead()));
+}
+
 TEST(ReportTree, LoadsAndCopies) {
     const Tree node = read(
         L"[R]\nx:0\n[Child]\na:1:2\nA:3\xAE"
