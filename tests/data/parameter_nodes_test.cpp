@@ -56,4 +56,12 @@ TEST(ParameterNodes, ShrunkAndMerged) {
     EXPECT_EQ(nullptr, orvAttrHelper::compressRootNode(nullptr));
 }
 
+TEST(ParameterNodes, MergedWithWhatStandsInThem) {
+    CNode existing(L"E");
+    CNode* const added = existing.AddChild(L"A");
+    added->AddChild(L"A")->AddChild(L"K")->AddLeaf(L"k", L"1");
+    orvAttrHelper::mergeNewNodesWithExistingNodes(added, &existing);
+    EXPECT_TEXT(L"[E]\r\n[A]\r\n[K]\r\nk:1\r\n[ENDE_K]\r\n[ENDE_A]\r\n[ENDE_E]\r\n", written(existing));
+}
+
 }  // namespace
