@@ -9,8 +9,7 @@
 
 namespace orv {
 
-/// Stands before every item: how far its page is, 0 for one on the heap, and what it
-/// takes there.
+/// Stands before every item: how far its page is, 0 for one on the heap, and what it takes there.
 struct ItemPlace {
     std::uint32_t offset;
     std::uint32_t bytes;

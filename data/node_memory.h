@@ -13,6 +13,7 @@ namespace orv {
 /// A new child, which takes over one reference of its name.
 CProNodeBase& addNewChild(MemoryPages& pages, CProNodeBase& node, wchar_t* name);
 
+/// At a place in a page; takes over one reference of each text.
 inline void addAttributeAt(void* place, CProNodeBase& node, wchar_t* name, wchar_t* value) {
     std::unique_ptr<CProAttBase> made(::new (place) CProAttBase(StringAccess::adopt(name), StringAccess::adopt(value)));
     node.attributes.AddTail(made.get());

@@ -81,7 +81,7 @@ class Evaluator {
     ExpressionNames* const names_;
     const ExpressionDialect dialect_;
     EvaluationLimits& limits_;
-    wchar_t token_ = kEnd;  // ends at at_
+    wchar_t token_ = kStatementEnd;  // ends at at_; before the first one the text is not at its end
     const wchar_t* tokenAt_ = nullptr;
     double value_ = 0;                  // of kNumber
     Keyword keyword_ = Keyword::kNone;  // of kKeyword

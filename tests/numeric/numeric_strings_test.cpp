@@ -197,7 +197,8 @@ TEST_F(NumericStrings, ErrorPrintDecides) {
     text = L"x*y";
     EXPECT_EQ(0, text.ValidateFloat()) << "nothing was counted, but y is left";
     EXPECT_EQ(1, text.printed);
-    for (const auto& [expression, isHidden] : {std::pair(L"(x", 1), std::pair(L"4/0", 1), std::pair(L"2 3", 0)}) {
+    for (const auto& [expression, isHidden] : {std::pair(L"(x", 1), std::pair(L"4/0", 1), std::pair(L"2 3", 0),
+                                               std::pair(L"#", 0), std::pair(L"a234567890123456789012345678901", 0)}) {
         text = expression;
         text.SetReformat(1);
         EXPECT_EQ(isHidden, text.ValidateFloat()) << utf8(expression);
